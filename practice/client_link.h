@@ -1,0 +1,71 @@
+#pragma once
+
+#include "practice/handlers.h"
+#include "practice/reply_sender.h"
+#include "practice/request_reader.h"
+#include "practice/world.h"
+
+/// What all connections of a server share.
+struct Practice {
+    World world;
+    Faults faults;
+    int records = 0;   ///< whole records that arrived
+    int malformed = 0; ///< records, lines and hellos with a fault
+};
+
+/// One connection of a client: cuts what arrives into requests, has each checked and answered, and tells it
+/// in words. The state of the stream and of list paging is its own.
+class ClientLink : public QObject {
+    Q_OBJECT
+
+public:
+    /// Takes ownership of the socket. `practice` must outlive the link.
+    ClientLink(QTcpSocket* socket, Practice& practice, QObject* parent);
+
+    const World& GetWorld() const { return practice.world; }
+    const Faults& GetFaults() const { return practice.faults; }
+
+    /// The answers, for the handlers. Each is one frame on the wire and one line in words.
+    void Acknowledge();
+    void Result(ResultCode code, qint16 detail, const QString& text);
+    void Reply(ReplyType type, QByteArrayView payload, const QString& words);
+    void Frame(const QString& text); ///< a text frame; at most 99,991 characters are sent
+    void Log(const QString& text);
+
+    /// Reports a fault of the request at hand and answers it.
+    void Malformed(const QStringList& faults);
+
+    /// Tells something else in words.
+    void Say(const QString& words) { emit Said(words); }
+
+    /// Sends bytes as they are, unasked.
+    void Push(const QByteArray& bytes) { sender.Push(bytes); }
+    void Close() { sender.Close(); }
+    void Reset() { sender.Reset(); }
+
+    /// The remote whose commands were listed last. Requests for further pages don't name it.
+    QString listedRemote;
+
+signals:
+    void Said(const QString& words);
+    /// A whole record, good or not.
+    void RecordReceived(const QByteArray& raw);
+    /// The connection is gone; the link has no more to do.
+    void Ended();
+
+private:
+    bool CanAnswer() const;
+    void Read();
+    void TakeRequests();
+    void TakeRecord();
+    void TakeLine();
+    void Break();
+    void AnswerWithoutHandler();
+    void Answer(const QByteArray& frame, const QString& words);
+
+    QTcpSocket* socket;
+    Practice& practice;
+    ReplySender sender;
+    RequestReader reader;
+    const RequestRow* row = nullptr; ///< of the request at hand; null for a text line
+};

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "link/replies.h"
+
+class ClientLink;
+
+/// How requests are answered. A handler gets a record without a fault and answers through the link, once or
+/// several times, or not at all.
+
+/// Result codes of this server, besides those that the client knows by number.
+namespace PracticeResult {
+constexpr ResultCode NotSent{6};   ///< the command isn't known or was refused
+constexpr ResultCode NotDone{7};   ///< the server can't do that yet
+constexpr ResultCode Malformed{8}; ///< the request has a fault
+constexpr ResultCode NotThere{9};  ///< what was asked for doesn't exist
+} // namespace PracticeResult
+
+// send_handlers.cpp
+void SendIr(ClientLink& link, const CommandRequest& request);
+void SendSerial(ClientLink& link, const SerialRequest& request);
+void TellIfKnown(ClientLink& link, const CommandRequest& request);
+/// The text in use.
+QString TextInUse(const SerialRequest& request);
+
+// list_handlers.cpp
+void ListRemoteNames(ClientLink& link, const CommandRequest& request);
+void ListCommandNames(ClientLink& link, const CommandRequest& request);
+void ListTranslatorSets(ClientLink& link, const CommandRequest& request);
+void ListDatabaseSets(ClientLink& link, const CommandRequest& request);
+void ListBusElements(ClientLink& link, const CommandRequest& request);
+
+// status_handlers.cpp
+void SendStatusPage(ClientLink& link, const CommandRequest& request);
+void SendAnalogInputs(ClientLink& link, const CommandRequest& request);
+
+// page_file_handlers.cpp
+/// Answers a line of the text protocol, given with its end.
+void AnswerTextLine(ClientLink& link, const QByteArray& line);

@@ -1,0 +1,57 @@
+#include "practice/client_link.h"
+#include "practice/describe.h"
+
+#include <algorithm>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Sends the page of `all` that begins with entry `first`. `element` makes an element of an entry.
+template <class Element, class Entries, class Make>
+void SendPage(ClientLink& link, ReplyType type, const Entries& all, int first, Make element) {
+    const int total = int(all.size());
+    const int count = std::clamp(total - first, 0, ElementsPerPage<Element>);
+    const bool more = first + count < total && count > 0;
+    ListPage<Element> page{{qint16(first), qint16(count), qint16(total), qint16(more)}, {}};
+    for (int i = first; i < first + count; ++i)
+        page.elements.push_back(element(all[i]));
+    link.Reply(type, EncodePage(page),
+               u"%1 of %2 entries from %3 on, %4"_s.arg(count).arg(total).arg(first).arg(
+                   more ? u"more follow"_s : u"the last"_s));
+}
+
+void SendNames(ClientLink& link, ReplyType type, const QStringList& names, int first) {
+    SendPage<NameElement>(link, type, names, first, [](const QString& name) { return NameElement{name}; });
+}
+
+} // namespace
+
+void ListRemoteNames(ClientLink& link, const CommandRequest& request) {
+    SendPage<NameElement>(link, ReplyType::Remotes, link.GetWorld().remotes, request.param,
+                          [](const World::Remote& remote) { return NameElement{remote.name}; });
+}
+
+void ListCommandNames(ClientLink& link, const CommandRequest& request) {
+    if (!request.remote.isEmpty())
+        link.listedRemote = request.remote;
+    const World::Remote* remote = link.GetWorld().FindRemote(link.listedRemote);
+    if (!remote)
+        return link.Result(PracticeResult::NotThere, 0,
+                           u"There is no remote control %1."_s.arg(Quoted(link.listedRemote)));
+    SendPage<CommandElement>(link, ReplyType::Commands, remote->commands, request.param,
+                             [](const QString& name) { return CommandElement{name}; });
+}
+
+void ListTranslatorSets(ClientLink& link, const CommandRequest& request) {
+    SendNames(link, ReplyType::TranslatorSets, link.GetWorld().translatorSets, request.param);
+}
+
+void ListDatabaseSets(ClientLink& link, const CommandRequest& request) {
+    SendNames(link, ReplyType::DatabaseSets, link.GetWorld().databaseSets, request.param);
+}
+
+void ListBusElements(ClientLink& link, const CommandRequest& request) {
+    SendPage<BusElement>(link, ReplyType::Buses, link.GetWorld().buses, request.param,
+                         [](const World::Bus& bus) { return bus.element; });
+}

@@ -1,0 +1,52 @@
+#pragma once
+
+#include "link/replies.h"
+
+#include <QStringList>
+
+#include <map>
+#include <optional>
+#include <vector>
+
+/// What the practice server pretends to have: learned remotes, stored sets, buses with their devices, analog
+/// inputs and page files.
+struct World {
+    struct Remote {
+        QString name;
+        QStringList commands;
+    };
+    struct Bus {
+        BusElement element;
+        quint8 localAddress = 0;
+        std::map<int, DeviceEntry> devices; ///< by address, 0 to 15
+    };
+    struct AnalogInput {
+        quint8 mode = 0;  ///< 0 not enabled, 2 temperature, else plain value
+        qint16 value = 0; ///< hundredths of a degree, or a byte
+    };
+    struct PageFile {
+        QString name;
+        int length = 0; ///< bytes
+        QString date;
+    };
+
+    std::vector<Remote> remotes;
+    QStringList translatorSets;
+    QStringList databaseSets;
+    std::vector<Bus> buses; ///< at most 64
+    std::array<AnalogInput, 8> analogInputs;
+    std::vector<PageFile> pageFiles;
+
+    /// The remote of that name; null if there is none.
+    const Remote* FindRemote(const QString& name) const;
+
+    /// The code of a command as a receiver would show it; nothing if it isn't known. Never begins with "F",
+    /// which would mark the result of a flash.
+    std::optional<QString> FindCode(const QString& remote, const QString& command) const;
+
+    /// A living room with what its panel needs, and one bus more than a page of the status holds.
+    static World LivingRoom();
+};
+
+/// Buses and devices of the living room: every kind of device, with old and new firmware.
+std::vector<World::Bus> LivingRoomBuses();

@@ -1,0 +1,147 @@
+#include "practice/world.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+// Capabilities of a device, as far as several share them.
+constexpr quint32 SendMaskAvailable = 0x00000002;
+constexpr quint32 SerialSpeed = 0x00000004;
+constexpr quint32 UsbWakeup = 0x00000008;
+constexpr quint32 PowerOn = 0x00000010;
+constexpr quint32 ExternalReceivers = 0x00000020;
+constexpr quint32 NoPowerOn = 0x00000080;
+constexpr quint32 Translator = 0x00000200;
+constexpr quint32 SecondReceiver = 0x00000800; // of kinds E and G: a LAN controller
+constexpr quint32 BusSpeed = 0x00001000;
+constexpr quint32 LedBoxes = 0x00004000;
+constexpr quint32 PowerOff = 0x00200000;
+constexpr quint32 AuxSpeed = 0x01000000;
+constexpr quint32 IrDatabase = 0x02000000;
+constexpr quint32 PageFiles = 0x80000000;
+
+struct DeviceRow {
+    int bus;
+    int address;
+    const char16_t* version; // kind letter and firmware
+    quint32 capabilities;
+    quint32 extCapabilities;
+    quint32 sendMask;
+    quint8 mode;
+    quint8 extMode;
+    quint8 extMode2;
+};
+
+constexpr DeviceRow deviceRows[] = {
+    {0, 0, u"U6.05.10",
+     SendMaskAvailable | UsbWakeup | PowerOn | SecondReceiver | BusSpeed | LedBoxes | PowerOff, 0x08802C80,
+     0xFFFF, 0x03, 0x04, 0x02},
+    {0, 3, u"B5.20.01", SendMaskAvailable | ExternalReceivers | BusSpeed, 0x00800000, 0x00FF, 0x07, 0x00,
+     0x01},
+    {0, 7, u"B4.04.12", SendMaskAvailable | NoPowerOn, 0, 0xFF00, 0x06, 0x00, 0x00},
+    {0, 15, u"X6.04.44", SendMaskAvailable | Translator | LedBoxes, 0, 0xFFFF, 0x03, 0x43, 0x00},
+    {1, 0, u"V5.20.00", SendMaskAvailable | UsbWakeup | BusSpeed, 0, 0xFFFF, 0x83, 0x00, 0x04},
+    {1, 1, u"C5.04.01", SendMaskAvailable, 0, 0x0001, 0x02, 0x00, 0x00},
+    {2, 0, u"S4.04.35", SendMaskAvailable | SerialSpeed | AuxSpeed | PowerOn, 0, 0xFFFF, 0x0B, 0x00, 0x67},
+    {2, 4, u"T5.08.12", SendMaskAvailable | SerialSpeed | BusSpeed, 0, 0x8001, 0x13, 0x80, 0x10},
+    {3, 1, u"D4.04.24", SendMaskAvailable | PowerOn, 0, 0x00B1, 0x03, 0x20, 0x00},
+    {3, 2, u"D5.20.01", SendMaskAvailable | PowerOn | LedBoxes, 0x00000400, 0x0112, 0x03, 0x03, 0x00},
+    {4, 0, u"E5.19.07", SendMaskAvailable | PowerOn, 0, 0xFFFF, 0x03, 0x00, 0x00},
+    {4, 6, u"E6.04.44", SendMaskAvailable | PowerOn | PowerOff | IrDatabase, 0x80004000, 0xFFFF, 0x23, 0x00,
+     0x00},
+    {5, 0, u"G6.05.10",
+     SendMaskAvailable | PowerOn | SecondReceiver | LedBoxes | PowerOff | AuxSpeed | IrDatabase | Translator |
+         PageFiles,
+     0x80FE4000, 0xFFFF, 0x03, 0x0C, 0x00},
+    {6, 1, u"L1.09.00", 0, 0, 0x0000, 0x00, 0x00, 0x00},
+    {6, 2, u"L2.01.00", 0, 0, 0x0031, 0x00, 0x00, 0x00},
+    {6, 9, u"L3.01.01", 0, 0, 0x0112, 0x00, 0x80, 0x08},
+    {7, 2, u"X5.03.11", SendMaskAvailable | Translator, 0, 0x0F0F, 0x03, 0x03, 0x00},
+    {8, 0, u"Y5.04.00", PowerOn, 0, 0x0000, 0x43, 0x00, 0x00},
+    {8, 5, u"B5.03.02RC", SendMaskAvailable, 0, 0xFFFF, 0x02, 0x00, 0x00},
+    {9, 0, u"F6.01.02", PowerOn, 0, 0x0600, 0x03, 0x00, 0x00},
+};
+
+constexpr int CodeReceivers = 0x62; // 38 kHz on the first channel, code learning on the second
+
+struct BusRow {
+    const char16_t* name;
+    const char16_t* version;
+    quint32 a; // bit 1 address mode, 5 external receivers, 11 two receiver channels
+    quint32 b; // bit 7 internal receivers, 23 external ones on channel 1, 28 second channel is plasma
+    quint32 c; // bit 8 external receivers on channel 2
+    quint8 learnDefaults;
+    quint8 tolerance;
+};
+
+constexpr BusRow busRows[] = {
+    {u"USB Wohnzimmer", u"U6.05.10", 0x822, 0x00800080, 0x100, 0x00, 2},
+    {u"USB Küche", u"V5.20.00", 0x802, 0x10000080, 0, 0x10, 3},
+    {u"Seriell", u"S4.04.35", 0x002, 0, 0, 0x00, 0},
+    {u"Anzeige", u"D5.20.01", 0x002, 0x00000080, 0, 0x80, 1},
+    {u"LAN Flur", u"E6.04.44", 0x022, 0, 0, 0x00, 2},
+    {u"LAN Keller", u"G6.05.10", 0x822, 0x10800080, 0x100, 0x90, 7},
+    {u"Module", u"L3.01.01", 0x000, 0, 0, 0x00, 0},
+    {u"Übersetzer", u"X5.03.11", 0x802, 0, 0, 0x00, 4},
+    {u"Gäste", u"Y5.04.00", 0x000, 0, 0, 0x00, 0},
+    {u"Uhr", u"F6.01.02", 0x002, 0, 0, 0x00, 5},
+    {u"Garten", u"B4.04.10", 0x002, 0, 0, 0x00, 0},
+};
+
+// The LAN controller is woken by its address and not by a command.
+void AddLanMarker(DeviceEntry& entry) {
+    entry.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
+    entry.HotCommand2 = QByteArray::fromHex("0204A1B2C3D4");
+}
+
+DeviceEntry MakeDevice(const DeviceRow& row) {
+    DeviceEntry entry;
+    entry.SendMask = row.sendMask;
+    entry.Mode = row.mode;
+    entry.ExtMode = row.extMode;
+    entry.ExtMode2 = row.extMode2;
+    entry.Capabilities = row.capabilities;
+    entry.ExtCapabilities = row.extCapabilities;
+    entry.Receivers = CodeReceivers;
+    entry.ReceiveTimeout = 30;
+    entry.CodeFlags = 0x30;
+    entry.Version = QString::fromUtf16(row.version);
+    if (row.capabilities & PowerOn) {
+        entry.HotRemote = u"tv"_s;
+        entry.HotCommand = u"power"_s;
+    }
+    if (row.capabilities & PageFiles)
+        AddLanMarker(entry);
+    else if (row.capabilities & PowerOff) {
+        entry.HotRemote2 = u"amp"_s;
+        entry.HotCommand2 = QByteArray("power");
+    }
+    return entry;
+}
+
+} // namespace
+
+std::vector<World::Bus> LivingRoomBuses() {
+    std::vector<World::Bus> buses;
+    for (const BusRow& row : busRows) {
+        World::Bus bus;
+        bus.element.capabilitiesA = qint32(row.a);
+        bus.element.capabilitiesB = qint32(row.b);
+        bus.element.capabilitiesC = qint32(row.c);
+        bus.element.name = QString::fromUtf16(row.name);
+        bus.element.version = QString::fromUtf16(row.version);
+        bus.element.learnDefaults = row.learnDefaults;
+        bus.element.toleranceIndex = row.tolerance;
+        bus.element.receivers = CodeReceivers;
+        bus.element.timeout = 30;
+        buses.push_back(bus);
+    }
+    for (const DeviceRow& row : deviceRows)
+        buses[row.bus].devices[row.address] = MakeDevice(row);
+    // Where no device stands at address 0, another one is the local one.
+    for (World::Bus& bus : buses) {
+        if (!bus.devices.empty())
+            bus.localAddress = quint8(bus.devices.begin()->first);
+    }
+    return buses;
+}

@@ -1,0 +1,94 @@
+#include "app/menu_forms.h"
+
+#include "forms/controls.h"
+
+#include <QHash>
+#include <QSet>
+
+using namespace Qt::StringLiterals;
+
+MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
+    : QObject(mainWindow)
+    , services(services)
+    , mainWindow(mainWindow)
+    , status(services.session) {
+    connect(&services.session, &Session::ErrorReported, this, &MenuForms::UnloadWait);
+    connect(&services.session, &Session::LinkFailed, this, &MenuForms::UnloadWait);
+    connect(&status, &StatusStore::HtmlWanted, this, [this] { TellMissing(u"mnuModus(15)"_s); });
+    connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
+        UnloadWait();
+        if (found)
+            TellMissing(u"mnuModus(14)"_s);
+        else
+            TellNoDevice(u"No Vantrel Device with IR DB connected to your system."_s);
+    });
+    connect(&status, &StatusStore::TranslatorWanted, this, [this](bool found) {
+        UnloadWait();
+        if (found)
+            TellMissing(u"mnuModus(13)"_s);
+        else
+            TellNoDevice(u"No Vantrel Translator connected to your system."_s);
+    });
+    connect(&status, &StatusStore::DevicesWanted, this, [this] { TellMissing(u"mnuModus(10)"_s); });
+    connect(&status, &StatusStore::BusesLeftOut, this, [this] {
+        this->services.boxes.Show(
+            {QMessageBox::Warning,
+             this->services.language.GetLanguageText(u"frmRemote.BusesLeftOut"_s,
+                                                     u"Es werden nur die ersten 64 Busse angezeigt."_s),
+             {}});
+    });
+}
+
+void MenuForms::Open(const QString& name) {
+    static const QHash<QString, Purpose> statusEntries = {
+        {u"mnuModus(10)"_s, Purpose::Devices},
+        {u"mnuModus(13)"_s, Purpose::Translator},
+        {u"mnuModus(14)"_s, Purpose::Database},
+        {u"mnuModus(15)"_s, Purpose::Html},
+    };
+    static const QSet<QString> missing = {
+        u"mnuModus(11)"_s,
+        u"mnuSendItem(10)"_s,
+        u"mnuIO(10)"_s,
+        u"mnuAbout(10)"_s,
+    };
+    if (const auto entry = statusEntries.find(name); entry != statusEntries.end())
+        RequestStatus(*entry);
+    else if (missing.contains(name))
+        TellMissing(name);
+    else if (name == u"mnuModus(18)")
+        OpenAddress();
+}
+
+void MenuForms::OpenAddress() {
+    address.Load(services, mainWindow).ShowModal();
+}
+
+void MenuForms::RequestStatus(Purpose purpose) {
+    if (!status.Request())
+        return;
+    switch (purpose) {
+    case Purpose::Devices: break;
+    case Purpose::Translator: status.OpenTranslator = true; break;
+    case Purpose::Database: status.OpenDatabase = true; break;
+    case Purpose::Html: status.OpenHTML = true; break;
+    }
+    if (purpose == Purpose::Translator || purpose == Purpose::Database)
+        wait.Load(services, mainWindow).ShowModeless();
+}
+
+void MenuForms::UnloadWait() {
+    if (wait.Loaded() != nullptr)
+        wait.Loaded()->Unload();
+}
+
+void MenuForms::TellMissing(const QString& entry) {
+    const auto* action = mainWindow->findChild<QAction*>(entry);
+    const QString text =
+        services.language.GetLanguageText(u"frmRemote.Missing"_s, u"Noch nicht vorhanden: "_s);
+    services.boxes.Show({QMessageBox::Information, text + FromMnemonicText(action->text()), {}});
+}
+
+void MenuForms::TellNoDevice(const QString& text) {
+    services.boxes.Show({QMessageBox::Warning, text, u"Device not found"_s});
+}

@@ -1,0 +1,38 @@
+#pragma once
+
+#include "forms/form_slot.h"
+#include "link/status_store.h"
+#include "panel/frmIP.h"
+#include "translator/frmTranslatorWait.h"
+
+/// Knows which menu entry opens which form, and what the arrival of a device status opens.
+class MenuForms : public QObject {
+    Q_OBJECT
+
+public:
+    /// `mainWindow` is the parent of all forms and outlives this.
+    MenuForms(const FormServices& services, QWidget* mainWindow);
+
+    /// What the entry of this control name opens; nothing for a name that opens nothing.
+    void Open(const QString& name);
+
+    /// The dialog that asks for the server's address.
+    void OpenAddress();
+
+    StatusStore& Status() { return status; }
+
+private:
+    enum class Purpose { Devices, Translator, Database, Html };
+
+    void RequestStatus(Purpose purpose);
+    void UnloadWait();
+    /// Tells that what the menu entry of this control name opens isn't part of the program yet.
+    void TellMissing(const QString& entry);
+    void TellNoDevice(const QString& text);
+
+    FormServices services;
+    QWidget* mainWindow;
+    StatusStore status;
+    FormSlot<frmIP> address;
+    FormSlot<frmTranslatorWait> wait;
+};

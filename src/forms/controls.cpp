@@ -1,0 +1,84 @@
+#include "forms/controls.h"
+
+#include "forms/localize.h"
+
+QString ElementName(const QString& name, int index) {
+    return name + u'(' + QString::number(index) + u')';
+}
+
+ControlName SplitControlName(const QString& objectName) {
+    const auto open = objectName.indexOf(u'(');
+    if (open < 0 || !objectName.endsWith(u')'))
+        return {objectName, -1};
+    return {objectName.first(open), objectName.sliced(open + 1).chopped(1).toInt()};
+}
+
+QString ToMnemonicText(const QString& caption) {
+    return QString(caption).replace(u'&', QStringLiteral("&&"));
+}
+
+QString FromMnemonicText(const QString& text) {
+    return QString(text).replace(QStringLiteral("&&"), QStringLiteral("&"));
+}
+
+QString CaptionOf(const QLabel& label) {
+    return label.buddy() != nullptr ? FromMnemonicText(label.text()) : label.text();
+}
+
+QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
+    auto* button = new QPushButton(ToMnemonicText(caption), parent);
+    button->setObjectName(name);
+    button->setAutoDefault(false);
+    return button;
+}
+
+QLabel* MakeLabel(const QString& name, const QString& caption, QWidget* parent, QWidget* buddy) {
+    auto* label = new QLabel(parent);
+    label->setObjectName(name);
+    label->setTextFormat(Qt::PlainText);
+    if (buddy != nullptr)
+        label->setBuddy(buddy);
+    label->setText(buddy != nullptr ? ToMnemonicText(caption) : caption);
+    return label;
+}
+
+TextBox* MakeTextBox(const QString& name, int maxLength, QWidget* parent) {
+    return new TextBox(name, maxLength, parent);
+}
+
+QCheckBox* MakeCheckBox(const QString& name, const QString& caption, QWidget* parent) {
+    auto* box = new QCheckBox(ToMnemonicText(caption), parent);
+    box->setObjectName(name);
+    return box;
+}
+
+std::vector<QCheckBox*> MakeCheckBoxes(const QString& name, const QStringList& captions, QWidget* parent) {
+    std::vector<QCheckBox*> boxes;
+    for (const QString& caption : captions) {
+        boxes.push_back(MakeCheckBox(ElementName(name, int(boxes.size())), caption, parent));
+        boxes.back()->setProperty("tag", OwnKeyTag);
+    }
+    return boxes;
+}
+
+QRadioButton* MakeOption(const QString& name, const QString& caption, QWidget* parent) {
+    auto* button = new QRadioButton(ToMnemonicText(caption), parent);
+    button->setObjectName(name);
+    return button;
+}
+
+QGroupBox* MakeFrame(const QString& name, const QString& caption, QWidget* parent) {
+    auto* frame = new QGroupBox(ToMnemonicText(caption), parent);
+    frame->setObjectName(name);
+    return frame;
+}
+
+QHBoxLayout* MakeButtonRow(std::initializer_list<QPushButton*> buttons) {
+    auto* row = new QHBoxLayout;
+    row->addStretch();
+    for (QPushButton* button : buttons)
+        row->addWidget(button);
+    if (buttons.size() > 0)
+        (*buttons.begin())->setDefault(true);
+    return row;
+}

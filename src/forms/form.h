@@ -1,0 +1,39 @@
+#pragma once
+
+#include "forms/boxes.h"
+#include "link/session.h"
+
+#include <QDialog>
+
+/// What every form is handed: the session, the language and the door for message boxes. All three outlive it.
+struct FormServices {
+    Session& session;
+    const Language& language;
+    Boxes& boxes;
+};
+
+/// The base of all dialogs. A form is loaded by constructing it and unloaded by closing it: it deletes
+/// itself.
+///
+/// Modal or not, showing returns at once, and the form's signals and `finished` tell the rest; so a form can
+/// be closed by its program at any time, and replies go on being read while it is up.
+class Form : public QDialog {
+    Q_OBJECT
+
+public:
+    /// `name` becomes the object name, `caption` the window title.
+    Form(const FormServices& services, const QString& name, const QString& caption, QWidget* parent);
+
+    /// Blocks all other windows while it is up.
+    void ShowModal();
+    void ShowModeless();
+
+    /// Closes the form without asking.
+    void Unload();
+
+protected:
+    /// Runs all texts through the language; the last step of a form's constructor.
+    void Localize();
+
+    FormServices services;
+};

@@ -1,0 +1,47 @@
+#pragma once
+
+#include "link/frame_reader.h"
+
+class Session;
+
+/// Decides what each reply means, by its type and by the flags of the session, updates the flags and lists,
+/// asks for the next page of a list, and tells the rest of the program by the session's signals. It knows no
+/// form.
+///
+/// Whatever the server sends, nothing is written outside a record or list: a reply longer than its record is
+/// cut, counts are clamped to the page and to the list, a slot outside 0 to 256 drops the reply, a list whose
+/// pages make no progress ends where it is.
+class ReplyReader {
+public:
+    explicit ReplyReader(Session& session)
+        : session(session) {}
+
+    /// Takes the next reply or text frame from the front of `input`, or all of it if that is no whole frame
+    /// yet.
+    void Read(QByteArrayView& input);
+
+    /// A new connection starts between replies.
+    void Reset();
+
+private:
+    void TakeHeader();
+    void Dispatch();
+    void TakeResult();
+    void TakeReceived();
+    void TakeDatabaseStatus();
+    void TakeNames(ReplyType type, Netcommand request);
+    void TakeBuses();
+    void TakeCommands();
+    void TakeDatabasePage();
+    void TakeLog();
+
+    /// The record of the current reply's type, `size` bytes wide: the payload over what earlier replies left.
+    QByteArrayView Overlay(int size);
+    template <class Record> Record Take();
+    template <class Element> ListPage<Element> TakePage();
+
+    Session& session;
+    FrameReader frames;
+    bool isAcknowledgement = false; ///< the reply stands in the place of an element's acknowledgement
+    std::array<QByteArray, Wire::ReplyTypeCount> records;
+};

@@ -1,0 +1,30 @@
+#include "panel/frmIP.h"
+
+#include "forms/controls.h"
+
+#include <QGridLayout>
+
+using namespace Qt::StringLiterals;
+
+frmIP::frmIP(const FormServices& services, QWidget* parent)
+    : Form(services, u"frmIP"_s, u" IP Adresse eingeben"_s, parent)
+    , txtIP(MakeTextBox(u"txtIP"_s, 0, this)) {
+    auto* label = MakeLabel(u"lblIP"_s, u"IP Adresse"_s, this, txtIP);
+    auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, this);
+    cmdOK->setDefault(true);
+    txtIP->setMinimumWidth(fontMetrics().averageCharWidth() * 32);
+
+    auto* grid = new QGridLayout(this);
+    grid->addWidget(label, 0, 0);
+    grid->addWidget(txtIP, 0, 1);
+    grid->addWidget(cmdOK, 1, 0, 1, 2, Qt::AlignRight);
+
+    connect(cmdOK, &QPushButton::clicked, this, &frmIP::Connect);
+    Localize();
+}
+
+void frmIP::Connect() {
+    services.session.RemoteHost = txtIP->text().trimmed();
+    services.session.Connect();
+    Unload();
+}

@@ -1,0 +1,151 @@
+#include "panel/sending.h"
+
+#include <algorithm>
+
+namespace {
+
+/// Unanswered questions that are remembered. A server that never answers leaves one behind with every page.
+constexpr size_t MostChecks = 64;
+
+bool IsSerial(const QString& remote) {
+    return remote == u"**rs232" || remote == u"**RS232" || remote == u"**Rs232";
+}
+
+void SetUp(QTimer& timer, const char* name, int interval) {
+    timer.setObjectName(QLatin1StringView(name));
+    timer.setSingleShot(true);
+    timer.setTimerType(Qt::PreciseTimer);
+    timer.setInterval(interval);
+}
+
+} // namespace
+
+PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* parent)
+    : QObject(parent)
+    , session(session)
+    , panel(panel)
+    , Timer(this)
+    , timIntercommand(this) {
+    SetUp(Timer, "Timer", HoldDelay);
+    SetUp(timIntercommand, "timIntercommand", CommandGap);
+    connect(&Timer, &QTimer::timeout, this, &PanelSending::BeginRepeat);
+    connect(&timIntercommand, &QTimer::timeout, this, &PanelSending::SendMulticommand);
+    connect(&session, &Session::Acknowledged, this, &PanelSending::TakeAcknowledgement);
+    connect(&session, &Session::HoldRefused, this, &PanelSending::EndHold);
+    // An error may stand in the place of an answer; then none will come for that question.
+    connect(&session, &Session::ErrorReported, this, [this] {
+        if (!checks.empty())
+            checks.pop_front();
+    });
+    connect(&session, &Session::CommandChecked, this, &PanelSending::TakeCheck);
+    // What the old connection left unanswered will not be answered by the new one.
+    connect(&session, &Session::LinkUp, this, [this] {
+        EndHold();
+        checks.clear();
+    });
+    connect(&session, &Session::LinkFailed, this, &PanelSending::EndHold);
+    Timer.start();
+}
+
+void PanelSending::Press(int index) {
+    EndHold();
+    const auto& button = panel.cmdRem[size_t(index - 1)];
+    const QString& remote = panel.RemoteList[size_t(index)];
+    const QString& command = panel.CommandList[size_t(index)];
+    HeldParam = button.sendParam.value_or(panel.PanelSendParam);
+
+    if (IsSerial(remote)) {
+        session.SocketSendRS232(command, HeldParam);
+        return;
+    }
+    if (command.contains(u';')) {
+        MultiCommands = command;
+        MultiRemote = remote;
+        MultiParam = HeldParam;
+        SendMulticommand();
+        return;
+    }
+    MultiCommands.clear();
+    MultiRemote.clear();
+    if (!session.SendRemoteCommand(Netcommand::SendCommand, remote, command, HeldParam))
+        return;
+    HeldIndex = index;
+    session.PendingOp = Pending::Panel;
+    Timer.start();
+}
+
+void PanelSending::Release() {
+    EndHold();
+    session.PendingOp = Pending::Panel;
+}
+
+void PanelSending::EndHold() {
+    Timer.stop();
+    HeldIndex = -1;
+    RepeatIndex = -1;
+}
+
+void PanelSending::BeginRepeat() {
+    if (HeldIndex < 0)
+        return;
+    const auto slot = size_t(HeldIndex);
+    if (session.SendRemoteCommand(Netcommand::SendCommand, panel.RemoteList[slot], panel.CommandList[slot],
+                                  HeldParam))
+        RepeatIndex = HeldIndex;
+}
+
+void PanelSending::TakeAcknowledgement() {
+    if (RepeatIndex < 0) {
+        timIntercommand.start();
+        return;
+    }
+    const auto slot = size_t(RepeatIndex);
+    session.SendRemoteCommand(Netcommand::RepeatCommand, panel.RemoteList[slot], panel.CommandList[slot],
+                              HeldParam);
+}
+
+void PanelSending::SendMulticommand() {
+    if (MultiRemote.isEmpty() || MultiCommands.isEmpty())
+        return;
+    const auto end = MultiCommands.indexOf(u';');
+    const QString command = end >= 0 ? MultiCommands.first(end) : MultiCommands;
+    MultiCommands = end >= 0 ? MultiCommands.sliced(end + 1) : QString();
+    session.SendRemoteCommand(Netcommand::SendCommand, MultiRemote, command, MultiParam);
+}
+
+void PanelSending::CheckPage() {
+    for (Check& check : checks)
+        check.ofThisPage = false;
+    AskAbout(1);
+}
+
+void PanelSending::AskAbout(int slot) {
+    // Nobody pressed anything, so a missing link is no news; the check runs anew when the link is back.
+    if (!session.IsUp())
+        return;
+    if (checks.size() == MostChecks)
+        checks.pop_front();
+    checks.push_back({slot, true});
+    session.SendRemoteCommand(Netcommand::CheckCommand, panel.RemoteList[size_t(slot)],
+                              panel.CommandList[size_t(slot)], slot);
+}
+
+void PanelSending::TakeCheck(int slot, bool known) {
+    // Answers come in the order of the questions. One that was asked about an earlier page says nothing of
+    // this one, and an answer to no question says nothing at all.
+    const auto asked =
+        std::find_if(checks.begin(), checks.end(), [slot](const Check& c) { return c.slot == slot; });
+    if (asked == checks.end())
+        return;
+    const bool current = asked->ofThisPage;
+    checks.erase(checks.begin(), asked + 1);
+    if (!current)
+        return;
+
+    const bool isMade = slot <= int(panel.cmdRem.size());
+    if (!known && isMade && slot > 0 && !panel.CommandList[size_t(slot)].contains(u';') &&
+        !panel.RemoteList[size_t(slot)].startsWith(u"**"))
+        emit ButtonUnknown(slot);
+    if (slot < int(panel.cmdRem.size()))
+        AskAbout(slot + 1);
+}

@@ -1,0 +1,253 @@
+#include "app/program_rig.h"
+
+#include <QPlainTextEdit>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Layout = u"[MAIN]\n[MOD]0,0[SIZE]900,300[PANEL]TV\n[END]\n"
+                       u"[TV]\n[POS]0,900[SIZE]900,300[TEXT]x[REMOTE]tv[COMMAND]power\n"
+                       u"[POS]0,1800[SIZE]900,300[TEXT]y[REMOTE]**rs232[COMMAND]"_s +
+                       QString(256, u'y') + u"\n[END]\n"_s;
+
+QString Describe(const QMessageBox* box) {
+    if (box == nullptr)
+        return u"no box"_s;
+    return u"%1 | %2 | %3"_s.arg(int(box->icon())).arg(box->windowTitle(), box->text());
+}
+
+} // namespace
+
+/// What the program shows for what the server says and for what becomes of the link.
+class ProgramTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { FailOnAnyWarning(); }
+
+    void BoxesOfReplies() {
+        const auto icon = [](QMessageBox::Icon i) { return QString::number(int(i)); };
+        const QString error = icon(QMessageBox::Warning) + u" | IR Error | Result: "_s;
+        const std::pair<QByteArray, QString> rows[] = {
+            {Raw::Result(6, 0, "Bus <b>3</b>\xFC"), error + u"[6 - 0] Bus <b>3</b>ü"_s},
+            {Raw::Result(-1, -2, "%1 %2"), error + u"[-1 - -2] %1 %2"_s},
+            {Raw::Result(4, 2, "t"), error + u"[4 - 2] t"_s},
+            {Raw::Result(4, 3, "t"), u"no box"_s}, // learning timed out
+            {Raw::Received("F1"),
+             icon(QMessageBox::Information) + u" | Vantrel Translator | Translator Flash OK"_s},
+            {Raw::Received("F0"),
+             icon(QMessageBox::Warning) + u" | Vantrel Translator | Translator Flash failed."_s},
+            {Raw::Result(35, 0, "t"),
+             icon(QMessageBox::Question) +
+                 u" | Datei überschreiben ... | Datei existiert bereits. Überschreiben?"_s},
+            {Raw::Received("x"), u"no box"_s},
+        };
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        int count = 100;
+        for (const auto& [reply, box] : rows) {
+            rig.Play(reply);
+            QCOMPARE(Describe(rig.CurrentBox()), box);
+            QCOMPARE(rig.Link().ErrorBoxOpen, box.contains(u"IR Error"));
+            // Replies are read while it is up.
+            rig.Play(Raw::Received(QByteArray::number(++count), "tv"));
+            QCOMPARE(rig.Text("sb1(3)"), QString::number(count));
+            if (rig.CurrentBox())
+                rig.AnswerBox();
+            if (box.contains(u"Datei"))
+                rig.AnswerBox(); // nobody asked to save: the error itself
+            QVERIFY(!rig.CurrentBox() && !rig.Link().ErrorBoxOpen);
+        }
+    }
+
+    void OverwriteQuestion() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        for (const bool isConfirmed : {true, false}) {
+            QSignalSpy saves(&rig.Link(), &Session::SaveConfirmed);
+            rig.Link().SaveState = {};
+            rig.Link().SaveOwner = SaveOwnerKind::Translator;
+            rig.Play(Raw::Result(35, 0));
+            QCOMPARE(int(rig.Link().SaveState), 0);
+            const auto answer = isConfirmed ? QMessageBox::Ok : QMessageBox::Cancel;
+            QTest::mouseClick(rig.CurrentBox()->button(answer), Qt::LeftButton);
+            QCOMPARE(int(rig.Link().SaveState), isConfirmed ? 2 : 1);
+            QCOMPARE(saves.size(), isConfirmed ? 1 : 0);
+            QVERIFY(!rig.CurrentBox());
+        }
+    }
+
+    void AThousandErrors() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        rig.Play(Raw::Result(9, 9, "x").repeated(1000));
+        int visible = 0;
+        for (const QWidget* window : QApplication::topLevelWidgets())
+            visible += window->isVisible() && qobject_cast<const QMessageBox*>(window) != nullptr;
+        QCOMPARE(visible, 1);
+        for (int i = 0; i <= Boxes::WaitingMax; ++i) {
+            QVERIFY(rig.Link().ErrorBoxOpen);
+            rig.AnswerBox();
+        }
+        QVERIFY(!rig.Link().ErrorBoxOpen);
+        QCOMPARE(rig.CurrentBox()->text(), u"Weitere Meldungen, die nicht gezeigt wurden: 979"_s);
+        rig.AnswerBox();
+        QVERIFY(!rig.CurrentBox());
+    }
+
+    void DatabaseFlash() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        rig.Play(Raw::DatabaseStatus("100 ", "64K"));
+        auto* form = rig.Find<QDialog>("frmIRDBStatus");
+        QVERIFY(form && !form->isVisible());
+        rig.Play(Raw::Received("F2"));
+        QVERIFY(form->isVisible() && form->isModal());
+        QCOMPARE(rig.Text("lblStat"), u"IRDB Flash OK"_s);
+        QCOMPARE(rig.Find<QLineEdit>("txtActions")->text(), u"15"_s);
+        // While it is up, only its words change.
+        rig.Play(Raw::DatabaseStatus("32768", "64K"));
+        QCOMPARE(rig.Text("lblStat"), u"IRDB Flash failed - Not enough memory"_s);
+        QCOMPARE(rig.Window().findChildren<QDialog*>(u"frmIRDBStatus"_s).size(), 1);
+        QTest::mouseClick(form->findChild<QPushButton*>(u"cmdOK"_s), Qt::LeftButton);
+        QTRY_VERIFY(!rig.Find<QDialog>("frmIRDBStatus"));
+        rig.Play(Raw::DatabaseStatus("1", "64K") + Raw::Received("F0"));
+        QCOMPARE(rig.Text("lblStat"), u"IRDB Flash failed"_s);
+        QVERIFY(!rig.CurrentBox());
+    }
+
+    void LogIsKeptUnseen() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        rig.Play(Raw::Log("<b>two</b>\n"));
+        const auto* log = rig.Find<QPlainTextEdit>("txtLog");
+        QVERIFY(log && !log->window()->isVisible());
+        QVERIFY(log->toPlainText().contains(u"<b>two</b>"_s));
+        rig.Play((Raw::Log(QByteArray(30'000, 'x')) + Raw::Log("\n").repeated(300)).repeated(20));
+        QVERIFY(log->document()->characterCount() < 450'000);
+    }
+
+    void OtherFaultsLeaveThePanel() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        rig.server.Close();
+        QTRY_VERIFY(rig.CurrentBox());
+        QVERIFY(rig.CurrentBox()->text().startsWith(u"Error: "));
+        QVERIFY(!rig.CurrentBox()->text().contains(u"Brenmard"));
+        rig.AnswerBox();
+        QVERIFY(!rig.CurrentBox() && !rig.Find<QDialog>("frmIP"));
+        QVERIFY(rig.Button("cmdRem(1)") && rig.Action("mnuModus(10)")->isEnabled());
+        // A send that has no link says so, once at a time.
+        QTest::mouseClick(rig.Button("cmdRem(1)"), Qt::LeftButton);
+        rig.Action("mnuModus(10)")->trigger();
+        QCOMPARE(rig.CurrentBox()->text(), u"Keine Verbindung zum Geräteserver."_s);
+        QCOMPARE(rig.program->MessageBoxes().Waiting(), 0);
+        rig.AnswerBox();
+        QTest::mouseClick(rig.Button("cmdRem(2)"), Qt::LeftButton);
+        QVERIFY(rig.CurrentBox()->text().contains(u"255"));
+        rig.AnswerBox();
+    }
+
+    void AbortedEndsTheProgram() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        QSignalSpy ended(rig.program.get(), &Program::Ended);
+        emit rig.Link().LinkFailed(LinkFault::Aborted, u"gone"_s);
+        QCOMPARE(rig.CurrentBox()->text(), u"Error: gone"_s);
+        QCOMPARE(ended.size(), 0);
+        rig.AnswerBox();
+        QCOMPARE(ended.size(), 1);
+    }
+
+    void StatusRequests() {
+        ProgramRig rig(Layout);
+        rig.BringUp();
+        for (const char* entry : {"mnuModus(10)", "mnuModus(13)", "mnuModus(14)", "mnuModus(15)"}) {
+            rig.Link().PendingOp = Pending::None;
+            rig.Action(entry)->trigger();
+            QCOMPARE(rig.Link().PendingOp, Pending::Status);
+            QCOMPARE(rig.Sent(), u"69 / 0"_s);
+        }
+    }
+
+    void StartOptions() {
+        const std::tuple<QStringList, QString, bool> rows[] = {{{}, u"localhost"_s, false},
+                                                               {{u"en"_s}, u"localhost"_s, true},
+                                                               {{u"EN"_s}, u"localhost"_s, true},
+                                                               {{u"En"_s}, u"En"_s, false}, // a host
+                                                               {{u" a b "_s, u"en"_s}, u" a b "_s, false}};
+        for (const auto& [arguments, host, english] : rows) {
+            QCOMPARE(ReadStartOptions(arguments).host, host);
+            QCOMPARE(ReadStartOptions(arguments).english, english);
+        }
+    }
+
+    void LanguageOfTheStart() {
+        const QString noSystem = u"Can not read System language.\nUsing English"_s;
+        const QString noFile = u"Can not open the language File for ENGLISH\nUsing German instead"_s;
+        const QString files = u"German French english"_s;
+        // Files, language of the system, en; word and text, warnings.
+        const std::tuple<QString, QString, bool, QString, QString> rows[] = {
+            {files, u"German"_s, false, u"German: built in"_s, {}},
+            {files, u"German"_s, true, u"ENGLISH: english"_s, {}},
+            {files, u"GERMAN"_s, false, u"GERMAN: German"_s, {}},
+            {files, u"French"_s, false, u"French: French"_s, {}},
+            {files, u"Dutch"_s, false, u"ENGLISH: english"_s, {}},
+            {{}, u"Dutch"_s, false, u"ENGLISH: built in"_s, noFile},
+            {files, {}, false, u"ENGLISH: english"_s, noSystem},
+            {{}, {}, true, u"ENGLISH: built in"_s, noSystem + u'|' + noFile},
+        };
+        for (const auto& [present, system, english, wordAndText, expected] : rows) {
+            ProgramRig rig{QString()};
+            for (const QString& file : present.split(u' ', Qt::SkipEmptyParts))
+                rig.WriteFile(file + u".tra"_s, u"\"key\",\"%1\"\n"_s.arg(file));
+            Language language;
+            const QStringList warnings = ChooseLanguage(language, rig.folder.path(), system, english);
+            QCOMPARE(warnings.join(u'|'), expected);
+            const QString text = language.GetLanguageText(u"key"_s, u"built in"_s);
+            QCOMPARE(language.word + u": "_s + text, wordAndText);
+        }
+    }
+
+    void WarningsOfTheStart() {
+        ProgramRig rig(Layout, QString());
+        rig.options.start.host.clear(); // a fault of the link as any other
+        rig.Start();
+        QCOMPARE(rig.CurrentBox()->text(), u"Can not read System language.\nUsing English"_s);
+        rig.AnswerBox();
+        QVERIFY(rig.CurrentBox()->text().startsWith(u"Can not open the language File for ENGLISH"));
+        rig.AnswerBox();
+        QTRY_VERIFY(rig.CurrentBox());
+        QVERIFY(rig.CurrentBox()->text().startsWith(u"Error: "));
+    }
+
+    void EndsUnderItsBoxes() {
+        for (const QString& what : {u"errors"_s, u"question"_s, u"refused"_s, u"form and error"_s}) {
+            ProgramRig rig(Layout);
+            rig.BringUp();
+            if (what == u"form and error")
+                rig.Action("mnuModus(18)")->trigger();
+            if (what == u"question")
+                rig.Play(Raw::Result(35, 0));
+            else if (what == u"refused")
+                emit rig.Link().LinkFailed(LinkFault::Refused, u"x"_s);
+            else
+                rig.Play(Raw::Result(9, 0) + Raw::Result(9, 1));
+            const QPointer<QMessageBox> box = rig.CurrentBox();
+            QVERIFY2(box, qPrintable(what));
+            QSignalSpy ended(rig.program.get(), &Program::Ended);
+            rig.Action("mnuModus(30)")->trigger();
+            QCOMPARE(ended.size(), 1);
+            rig.program.reset();
+            QVERIFY2(!box, qPrintable(what));
+            for (const QWidget* window : QApplication::topLevelWidgets())
+                QVERIFY2(!window->isVisible(), qPrintable(what));
+        }
+    }
+};
+
+SUITE(ProgramTest);
+
+#include "program_test.moc"

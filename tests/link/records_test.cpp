@@ -1,0 +1,264 @@
+#include "link/replies.h"
+
+#include "support/golden.h"
+#include "support/suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Where two byte strings part, in words; empty if they don't.
+QString Difference(const QByteArray& actual, const QByteArray& expected) {
+    if (actual.size() != expected.size())
+        return u"%1 bytes instead of %2"_s.arg(actual.size()).arg(expected.size());
+    for (qsizetype i = 0; i < actual.size(); ++i)
+        if (actual[i] != expected[i])
+            return u"offset %1: %2 instead of %3"_s.arg(i)
+                .arg(quint8(actual[i]), 2, 16)
+                .arg(quint8(expected[i]), 2, 16);
+    return {};
+}
+
+/// Walks the table of a record and lists every field as a line "name = value", so that two records compare as
+/// lists of lines and a difference names its field.
+class FieldLister {
+public:
+    template <Wire::Integer T> void Constant(const char*, int, T) {}
+    template <Wire::Integer T> void Number(const char* name, int, const T& value) {
+        Add(name, QString::number(static_cast<qint64>(value)));
+    }
+    template <Wire::Integer T, size_t N>
+    void Numbers(const char* name, int offset, const std::array<T, N>& values) {
+        for (const T& value : values)
+            Number(name, offset, value);
+    }
+    void Text(const char* name, int, int, Wire::TextForm, const QString& text) {
+        Add(name, u'"' + text + u'"');
+    }
+    template <size_t N>
+    void Texts(const char* name, int offset, int width, Wire::TextForm form,
+               const std::array<QString, N>& texts) {
+        for (const QString& text : texts)
+            Text(name, offset, width, form, text);
+    }
+    void Raw(const char* name, int, int, char, const QByteArray& raw) {
+        Add(name, QString::fromLatin1(raw.toHex(' ')));
+    }
+
+    QStringList lines;
+
+private:
+    void Add(const char* name, const QString& value) {
+        lines += QString::fromLatin1(name) + QStringLiteral(" = ") + value;
+    }
+};
+
+template <class Record> QStringList FieldsOf(const Record& record) {
+    FieldLister lister;
+    Record::Layout(lister, record);
+    return lister.lines;
+}
+
+/// A row that holds a record against its golden bytes, in both directions.
+template <class Record> void Row(const char* name, int size, const QByteArray& golden, const Record& record) {
+    QTest::newRow(name) << size << golden << Encode(record) << FieldsOf(Decode<Record>(golden))
+                        << FieldsOf(record);
+}
+
+QByteArray FilledUp(const QByteArray& payload, qsizetype size) {
+    return payload.leftJustified(size, '\0');
+}
+
+template <class Element>
+void PageRow(const char* name, const QByteArray& golden, const PageHead& head,
+             const std::vector<Element>& elements) {
+    const auto fields = [](const ListPage<Element>& page) {
+        QStringList lines = FieldsOf(page.head);
+        for (const Element& element : page.elements)
+            lines += FieldsOf(element);
+        return lines;
+    };
+    const ListPage<Element> page{head, elements};
+    const auto decoded = DecodePage<Element>(FilledUp(golden, ListPage<Element>::Size));
+    QTest::newRow(name) << int(golden.size()) << golden << EncodePage(page) << fields(decoded)
+                        << fields(page);
+}
+
+// Values in the order of the fields, which is that of the golden bytes.
+
+const TranslatorRequest Macro{0x010203E8, 0x3A, 103,      8,         0x95,  750,
+                              40,         39,   u"amp"_s, u"mute"_s, 65534, qint32(0x80007FFF),
+                              255,        1,    0x81,     3};
+const IRDBElementRecord Remote{
+    1, 0, 8, 0x0A, 0, 0x01020304, 8082, u"amp"_s, {}, QByteArray("%r!\0", 4).leftJustified(256, ' ')};
+const QByteArray Binary = QByteArray("\0\xFE\0 \0", 5).leftJustified(256, ' ');
+const IRDBElementRecord BinaryAction{2,        0xCB,      13,    0x0B, 5, qint32(0xE0000001), qint16(65534),
+                                     u"amp"_s, u"mute"_s, Binary};
+const DeviceEntry Device{.SendMask = 0x84030201,
+                         .Mode = 0x11,
+                         .ExtMode = 0x12,
+                         .ExtMode2 = 0x13,
+                         .Capabilities = 0xA4232221,
+                         .ExtCapabilities = 0xB4333231,
+                         .ExtCapabilities2 = 0xC4434241,
+                         .Receivers = 0x51,
+                         .ReceiveTimeout = 0x52,
+                         .ReceiveTiming = 0x53,
+                         .CodeFlags = 0x54,
+                         .ToggleConfig = 0x55,
+                         .IOFlags = 0x56,
+                         .SerialFlags = 0x57,
+                         .ExtFlags = 0x58,
+                         .Version = u"LV6.12.03"_s,
+                         .HotRemote = u"tv"_s,
+                         .HotCommand = u"power"_s,
+                         .HotRemote2 = u"@@@~~~LAN~~~@@@"_s,
+                         .HotCommand2 = QByteArray("\x02\0\x2B\x3C\0\x5E", 6).leftJustified(20, '\0')};
+
+} // namespace
+
+class RecordsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void GoldenBytes_data() {
+        QTest::addColumn<int>("size");
+        QTest::addColumn<QByteArray>("golden");
+        QTest::addColumn<QByteArray>("encoded");
+        QTest::addColumn<QStringList>("decoded");
+        QTest::addColumn<QStringList>("fields");
+
+        Row("press of a button", 113, Golden::PressTvPower(),
+            CommandRequest{Netcommand::SendCommand, 0, 0x103, u"tv"_s, u"power"_s, 0});
+        Row("learn request at its limits", 113, Golden::LearnAtLimits(),
+            CommandRequest{Netcommand::LearnRawRepeat, 30000, qint32(0x800003FE),
+                           u"Küche-"_s + QString(73, u'x') + u'!', u"Öffnen €"_s, 255});
+        Row("mode", 232, Golden::SetMode(),
+            ModeRequest{.Mode = 0x21,
+                        .DeviceTag = 7 * 256 + 15,
+                        .HotRemote = u"tv"_s,
+                        .HotCommand = u"power"_s,
+                        .HotRemote2 = u"player"_s,
+                        .HotCommand2 = u"stop"_s,
+                        .SendMask = qint32(0xFFFF7FFE),
+                        .ExtMode = 0x31,
+                        .ExtMode2 = 0x32,
+                        .mac = {0x02, 0x1A, 0x2B, 0x3C, 0x4D, 0x5E},
+                        .ExtParam = {0x51, 0x52, 0x53, 0x54, 0x55, 0x56, 0x57, 0x58}});
+        Row("LCD", 214, Golden::LcdText(), LcdRequest{u" Guten Tag, Küche"_s.leftJustified(200)});
+        Row("serial text", 272, Golden::SerialText(),
+            SerialRequest{qint32(0x81020304), 8, QByteArray("VOL +\xFC\r\n").leftJustified(256, ' ')});
+        Row("CCF code", 5512, Golden::StoreCcf(),
+            CodeRequest{Netcommand::StoreCcf, u" tv "_s, u" power "_s, u"0000 006D 0001 0000 0010 0020"_s});
+        Row("translator element", 136, Golden::TranslatorMacro(), Macro);
+        const auto four = [](const QString& name) {
+            return std::array<QString, 4>{name + u'0', name + u'1', name + u'2', name + u'3'};
+        };
+        Row("database settings", 1264, Golden::DatabaseGlobal(),
+            IRDBGlobalRecord{.GlobalFlags = 0x6D,
+                             .ElementKind = 9,
+                             .port = qint16(50001),
+                             .actionFormat = uR"(%r,%c\r\n)"_s,
+                             .errorFormat = u"ERROR %e"_s,
+                             .okFormat = u"OK"_s,
+                             .mode = {0x81, 0x02, 0x83, 0x04},
+                             .minimum = {0x11, 0x12, 0x13, 0x14},
+                             .maximum = {0x21, 0x22, 0x23, 0xE4},
+                             .hysteresis = {0x31, 0x32, 0x33, 0x34},
+                             .minimumLed = {6, 7, 8, 9},
+                             .maximumLed = {5, 10, 11, 1},
+                             .minimumMask = {65535, 32769, 16386, -3},
+                             .maximumMask = {0xFF0, 0xF00F, 0xCC33, qint32(0x81020304)},
+                             .minimumRemote = four(u"min-remote-"_s),
+                             .minimumCommand = four(u"min-command-"_s),
+                             .maximumRemote = four(u"max-remote-"_s),
+                             .maximumCommand = four(u"max-command-"_s),
+                             .ip = qint32(0xC0A80704)});
+        Row("remote of a database", 392, Golden::DatabaseRemote(), Remote);
+        Row("binary action of a database", 392, Golden::DatabaseBinaryAction(), BinaryAction);
+
+        Row("bare header", 8, Golden::BareHeader(), ReplyHeader{8, ReplyType::Received});
+        Row("result", 264, Golden::Result(), ResultReply{ResultCode::LearnFailed, 258, u"Zeitüberlauf"_s});
+        Row("learned data", 208, Golden::LearnedData(),
+            LearnedDataReply{.Address = 0x1234,
+                             .Mode = 0x15,
+                             .TimeCount = 6,
+                             .RepeatCount = 3,
+                             .RepeatPause = 0x2D,
+                             .PauseLen = {0x1001, 0x2002, 0x3003, 0x4004, 0x5005, -1},
+                             .PulseLen = {0x111, 0x212, 0x313, 0x414, 0x515, -32768},
+                             .Data = u"0110"_s});
+        Row("received", 304, Golden::Received(), ReceivedReply{u"tv"_s, u"power"_s, u"bus 1, LED 2"_s});
+        Row("learn state", 264, Golden::LearnState(), LearnStateReply{3, 38, u"amp"_s, 258, 772, u"1A2B"_s});
+        Row("server version", 16, Golden::ServerVersion(), ServerInfoReply{u"V6.12.03"_s});
+        Row("database status", 64, Golden::DatabaseStatus(),
+            IRDBStatusRecord{u"30123"_s, u"128K"_s, u"12"_s, u"345"_s, u"6789"_s});
+        Row("analog values", 26, Golden::AnalogPlain(),
+            AnalogValues{{1, 3, 4, 5, 6, 7, 8, 9}, {0x80, 0xFF, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26}});
+        Row("analog temperatures", 26, Golden::AnalogDegrees(),
+            AnalogTemperatures{{2, 2, 2, 2, 0, 1, 3, 4}, {2150, -500, 32767, -32768, 1, 2, 3, -1}});
+        Row("device", 248, Golden::Device(), Device);
+
+        PageRow<NameElement>("names", Golden::NamesPage(), {40, 2, 300, 1},
+                             {{u"amp"_s}, {u"Küche "_s + QString(73, u'n') + u'!'}});
+        PageRow<CommandElement>("commands", Golden::CommandsPage(), {200, 3, 203, 0},
+                                {{u"power"_s}, {u"a command of 20 chr."_s}, {u"mute"_s}});
+        PageRow<BusElement>(
+            "buses", Golden::BusesPage(), {3, 2, 6, 9},
+            {{0x04030201, qint32(0x88070605), u"Küchenbus"_s, u"V2.10"_s, 0x0C0B0A09, 0xE1, 0xE2, 0xE3, 0xE4},
+             {0x24232221, 0x28272625, u"Bus "_s + QString(55, u'b') + u'!', u"V3.11.07"_s, qint32(0xAC2B2A29),
+              0xD1, 0xD2, 0xD3, 0xD4}});
+        PageRow<TranslatorRequest>("translator elements", Golden::TranslatorPage(), {5, 1, 1001, 2}, {Macro});
+        PageRow<IRDBElementRecord>("database elements", Golden::DatabaseElementPage(), {1, 2, 3, 0},
+                                   {Remote, BinaryAction});
+    }
+
+    void GoldenBytes() {
+        QFETCH(QByteArray, golden);
+        QFETCH(QByteArray, encoded);
+        QFETCH(QStringList, decoded);
+        QTEST(int(golden.size()), "size");
+        QCOMPARE(Difference(encoded, golden), QString());
+        QTEST(decoded, "fields");
+    }
+
+    void StatusEntries() {
+        const StatusHead head{.FirstBus = 8, .BusTotal = 16, .LocalAddress = {15, 14, 13, 12, 11, 10, 9, 7}};
+        QByteArray page = FilledUp(Encode(head), StatusHead::PageSize);
+        for (const int offset : {StatusHead::EntryOffset(2, 5), StatusHead::EntryOffset(7, 15)})
+            page.replace(offset, DeviceEntry::Size, Encode(Device));
+        QCOMPARE(Difference(page, Golden::StatusPage()), QString());
+        QCOMPARE(FieldsOf(Decode<StatusHead>(Golden::StatusPage())), FieldsOf(head));
+    }
+
+    void LargestPages() {
+        const auto elements = []<class... Element>(int count) {
+            const QByteArray head = Encode(PageHead{0, qint16(count), 0, 0});
+            const auto clamped = [](const auto& page) {
+                return page.head.Count == int(page.elements.size()) ? int(page.head.Count) : -1;
+            };
+            return QList<int>{clamped(DecodePage<Element>(FilledUp(head, ListPage<Element>::Size)))...};
+        };
+        const auto of = [&](int count) {
+            return elements.
+            operator()<NameElement, CommandElement, BusElement, TranslatorRequest, IRDBElementRecord>(count);
+        };
+        QCOMPARE(of(12), (QList<int>{12, 12, 12, 12, 12}));
+        QCOMPARE(of(32767), (QList<int>{40, 200, 40, 30, 12}));
+        for (const int negative : {-1, -32768})
+            QCOMPARE(of(negative), (QList<int>{0, 0, 0, 0, 0}));
+    }
+
+    void HeaderCountsItself() {
+        using Golden::Hex;
+        QCOMPARE(EncodeReply(ReplyType::Received), Golden::BareHeader());
+        QCOMPARE(EncodeReply(ReplyType::Result, Golden::Result()),
+                 Hex("00 00 00 00 10 01 01 00") + Golden::Result());
+        QCOMPARE(EncodeReply(ReplyType::Status, Golden::StatusPage()).first(8),
+                 Hex("00 00 00 00 14 7C 18 00"));
+    }
+};
+
+SUITE(RecordsTest);
+
+#include "records_test.moc"

@@ -1,0 +1,120 @@
+#pragma once
+
+#include "link/session.h"
+
+#include "support/fake_server.h"
+#include "support/suite.h"
+
+#include <utility>
+
+/// A session that is connected to a server over a real socket.
+struct LinkedSession {
+    LinkedSession() {
+        session.RemoteHost = FakeServer::Host();
+        session.RemotePort = server.Port();
+        session.Connect();
+        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
+            qFatal("no connection on the loopback");
+    }
+
+    FakeServer server;
+    Session session;
+};
+
+/// A session whose signals are written down, one line each.
+class Recorder : public LinkedSession {
+public:
+    Recorder() {
+        using namespace Qt::StringLiterals;
+        using S = Session;
+        On(&S::Acknowledged, [] { return u"ack"_s; });
+        On(&S::HoldRefused, [] { return u"hold refused"_s; });
+        On(&S::CommandChecked, [](int slot, bool known) { return u"check %1 %2"_s.arg(slot).arg(known); });
+        On(&S::ErrorReported, [](const ResultReply& r) {
+            return u"error %1/%2 %3"_s.arg(int(r.Code)).arg(r.Detail).arg(r.Text);
+        });
+        On(&S::OverwriteAsked, [this](const ResultReply& r) {
+            asked = r;
+            return u"overwrite?"_s;
+        });
+        On(&S::SaveConfirmed, [](SaveOwnerKind owner) { return u"save %1"_s.arg(int(owner)); });
+        On(&S::CodeReceived,
+           [](const ReceivedReply& r) { return u"code %1|%2|%3"_s.arg(r.Remote, r.Command, r.Data); });
+        On(&S::LogReceived, [](const QString& text) { return u"log <%1>"_s.arg(text); });
+        On(&S::TranslatorFlashEnded, [](bool ok) { return u"translator flash %1"_s.arg(ok); });
+        On(&S::DatabaseFlashEnded, [](bool ok) { return u"database flash %1"_s.arg(ok); });
+        On(&S::DatabaseStatusReceived, [](const IRDBStatusRecord& r, bool fits) {
+            return u"memory %1 %2 %3"_s.arg(r.usage, r.size).arg(fits);
+        });
+        On(&S::LearnWaitEnded, [] { return u"wait ended"_s; });
+        On(&S::LearnStateReceived,
+           [](const LearnStateReply& r) { return u"learn %1 %2"_s.arg(r.Remote).arg(r.Flags); });
+        On(&S::ServerVersionReceived, [](const QString& version) { return u"version "_s + version; });
+        On(&S::NamesReady, [this](ReplyType type) {
+            return u"names %1: %2 = %3"_s.arg(int(type))
+                .arg(session.ListCount)
+                .arg(session.NameList.join(u','));
+        });
+        On(&S::BusesReady, [this] {
+            QStringList names;
+            for (const BusElement& bus : session.BusList)
+                names += bus.name;
+            return u"buses: %1 = %2"_s.arg(session.ListCount).arg(names.join(u','));
+        });
+        On(&S::CommandsReady, [this](int target) {
+            return u"commands %1: %2/%3/%4"_s.arg(target).arg(session.CommandList1.join(u','),
+                                                              session.CommandList2.join(u','),
+                                                              session.CommandList3.join(u','));
+        });
+        On(&S::TranslatorElementTaken, [](qint32 next) { return u"translator next %1"_s.arg(next); });
+        On(&S::DatabaseElementTaken, [](qint32 next) { return u"database next %1"_s.arg(next); });
+        On(&S::TranslatorPageReceived, [](const ListPage<TranslatorRequest>& page) {
+            return u"translator page %1+%2"_s.arg(page.head.Offset).arg(page.elements.size());
+        });
+        On(&S::DatabaseGlobalReceived, [](const PageHead& head, const IRDBGlobalRecord& global) {
+            return u"global %1 %2"_s.arg(head.Total).arg(global.okFormat);
+        });
+        On(&S::DatabasePageReceived, [](const ListPage<IRDBElementRecord>& page) {
+            return u"database page %1+%2"_s.arg(page.head.Offset).arg(page.elements.size());
+        });
+        On(&S::StatusReceived,
+           [](QByteArrayView page) { return u"status %1 %2"_s.arg(page.size()).arg(quint8(page[2])); });
+        On(&S::AnalogReceived, [](const AnalogValues& values, const AnalogTemperatures& temperatures) {
+            return u"analog %1 %2"_s.arg(values.Value[1]).arg(temperatures.Temperature[0]);
+        });
+        On(&S::TextReceived, [](const QString& text) { return u"text "_s + text; });
+    }
+
+    /// What the session has said up to the end of `bytes`, joined with "; ".
+    QString Play(const QByteArray& bytes) {
+        server.Play(bytes + Raw::Log("end"));
+        if (!QTest::qWaitFor([this] { return lines.endsWith(QStringLiteral("log <end>")); }))
+            lines += QStringLiteral("the end was not read");
+        else
+            lines.removeLast();
+        return Said();
+    }
+
+    /// What it has said since it was last asked.
+    QString Said() { return std::exchange(lines, {}).join(QStringLiteral("; ")); }
+
+    /// What the session has sent since it was last asked.
+    QString Sent() {
+        session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
+        if (!QTest::qWaitFor([this] { return server.Log().endsWith(u"60 / 0"); }))
+            return QStringLiteral("the server got nothing");
+        QString log = server.TakeLog();
+        log.chop(log.contains(u';') ? 8 : 6);
+        return log;
+    }
+
+    ResultReply asked;
+
+private:
+    template <class... Arguments, class Line> void On(void (Session::*signal)(Arguments...), Line line) {
+        QObject::connect(&session, signal, &session,
+                         [this, line](Arguments... arguments) { lines += line(arguments...); });
+    }
+
+    QStringList lines;
+};

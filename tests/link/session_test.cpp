@@ -1,0 +1,155 @@
+#include "link/session_recorder.h"
+#include "support/golden.h"
+
+#include <QRegularExpression>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+class SessionTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
+
+    /// Whole records, byte for byte, in the order of the calls.
+    void RecordsArriveWhole() {
+        LinkedSession link;
+        Session& session = link.session;
+        QVERIFY(session.SendHello());
+        QVERIFY(session.SendRemoteCommand(Netcommand::SendCommand, u"tv"_s, u"power"_s, 0x103));
+        QVERIFY(session.SocketSendLCDInit(u"x"_s));
+        QVERIFY(session.SendModeCommand({}));
+        QVERIFY(session.SendCode({}));
+        QVERIFY(session.SendTranslatorElement({}));
+        QVERIFY(session.SocketSendRS232(u"on"_s, 5));
+        QTRY_COMPARE(link.server.Records(), 7);
+        const int sizes[] = {4, 113, 214, 232, 5512, 136, 272};
+        for (int i = 0; i < 7; ++i)
+            QCOMPARE(link.server.Record(i).size(), sizes[i]);
+        QCOMPARE(link.server.Record(0), QByteArray(4, '\0'));
+        QCOMPARE(link.server.Record(1), Golden::PressTvPower());
+    }
+
+    void TimeoutAndCarrierGoOutWithEveryRequest() {
+        LinkedSession link;
+        link.session.timeout = 30000;
+        link.session.carrier = 38;
+        link.session.SendRemoteCommand(Netcommand::ListRemotes, {}, {}, -2);
+        QTRY_COMPARE(link.server.Records(), 1);
+        QCOMPARE(link.server.Record(0).first(8), Golden::Hex("12 00 30 75 FE FF FF FF"));
+        QCOMPARE(link.server.Record(0)[112], char(38));
+    }
+
+    void SerialTextsUpTo255Characters() {
+        LinkedSession link;
+        QSignalSpy failed(&link.session, &Session::SendFailed);
+        QVERIFY(link.session.SocketSendRS232(QString(255, u'ü'), 1));
+        QVERIFY(!link.session.SocketSendRS232(QString(256, u'x'), 2));
+        QCOMPARE(failed, (QList<QVariantList>{{QVariant::fromValue(Session::SendFault::TextTooLong)}}));
+        QVERIFY(link.session.SocketSendRS232({}, 3));
+        QTRY_COMPARE(link.server.Records(), 2);
+        QCOMPARE(link.server.Record(0)[12], char(255));
+        QCOMPARE(link.server.Record(0).sliced(16), QByteArray(255, '\xFC') + ' ');
+        QCOMPARE(link.server.Record(1)[12], char(0));
+        QCOMPARE(link.server.Record(1)[4], char(3));
+    }
+
+    void SendingWithoutALink() {
+        Session session;
+        QSignalSpy failed(&session, &Session::SendFailed);
+        const auto sendAll = [&session] {
+            return session.SendHello() || session.SendRemoteCommand(Netcommand::Start, {}, {}, 0) ||
+                   session.SendModeCommand({}) || session.SocketSendRS232({}, 0) ||
+                   session.SocketSendLCDInit({}) || session.SendCode({}) ||
+                   session.SendTranslatorElement({}) || session.SendIRDBGlobal({}) ||
+                   session.SendIRDBElementRecord({}) || session.SendTextLine({});
+        };
+        QVERIFY(!sendAll());
+        session.RemoteHost = FakeServer::Host();
+        session.Connect(); // not yet
+        QVERIFY(!sendAll());
+        QCOMPARE(failed.size(), 20);
+        for (const QVariantList& arguments : failed)
+            QCOMPARE(arguments[0].value<Session::SendFault>(), Session::SendFault::NoLink);
+    }
+
+    /// A new connection starts between replies, whatever the last one left behind.
+    void ReconnectingInAReply() {
+        // Half a header, a payload and a text frame, and a whole reply that nobody reads.
+        for (const QByteArray& left : {Raw::Ack().first(5), Raw::Result(9, 0, "x").first(100),
+                                       Raw::TextFrame("abcdef").first(10), Raw::Result(9, 0, "x")}) {
+            LinkedSession link;
+            QSignalSpy up(&link.session, &Session::LinkUp);
+            QSignalSpy down(&link.session, &Session::LinkFailed);
+            QSignalSpy acknowledged(&link.session, &Session::Acknowledged);
+            QSignalSpy log(&link.session, &Session::LogReceived);
+            link.session.PendingOp = Pending::DatabaseElement;
+            link.server.Play(Raw::Log("before") + left);
+            if (left.size() < 200)
+                QVERIFY(log.wait());
+            log.clear();
+            link.session.Connect();
+            QCOMPARE(link.session.PendingOp, Pending::None);
+            QVERIFY(!link.session.IsUp());
+            QTRY_COMPARE(link.server.Connections(), 2);
+            link.server.Play(Raw::Ack() + Raw::Log("after"));
+            QTRY_COMPARE(log.size(), 1);
+            QCOMPARE(log[0][0].toString(), u"after"_s);
+            QCOMPARE(acknowledged.size(), 1);
+            QCOMPARE(up.size(), 1);
+            QCOMPARE(down.size(), 0);
+        }
+    }
+
+    void ReconnectingFromInsideAReply() {
+        LinkedSession link;
+        Session& session = link.session;
+        int received = 0;
+        connect(&session, &Session::LogReceived, &session, [&] {
+            if (++received == 1)
+                session.Connect();
+        });
+        QSignalSpy down(&session, &Session::LinkFailed);
+        link.server.Play(Raw::Log("1") + Raw::Log("2") + Raw::Result(9, 0).first(20));
+        QTRY_COMPARE(link.server.Connections(), 2);
+        link.server.Play(Raw::Log("3"));
+        QTRY_COMPARE(received, 2);
+        QCOMPARE(down.size(), 0);
+    }
+
+    /// A box or dialog that a reply opens runs the event loop; the replies behind it are read meanwhile.
+    void RepliesAreReadBehindABusyHandler() {
+        LinkedSession link;
+        int depth = 0;
+        QStringList said;
+        connect(&link.session, &Session::LogReceived, &link.session, [&](const QString& text) {
+            said += text;
+            if (++depth == 1) {
+                QVERIFY(QTest::qWaitFor([&] { return said.contains(u"3"); }));
+                link.server.Play(Raw::Log("4"));
+                QVERIFY(QTest::qWaitFor([&] { return said.contains(u"4"); }));
+            }
+        });
+        link.server.Play(Raw::Log("1") + Raw::Log("2") + Raw::Log("3"));
+        QTRY_COMPARE(said.size(), 4);
+        QCOMPARE(said.join(QString()), u"1234"_s);
+    }
+
+    void AFloodLeavesTheEventLoopAlive() {
+        LinkedSession link;
+        int acknowledged = 0;
+        connect(&link.session, &Session::Acknowledged, &link.session, [&] { ++acknowledged; });
+        int turns = 0;
+        QTimer ticking;
+        connect(&ticking, &QTimer::timeout, &ticking, [&] { ++turns; });
+        ticking.start(1);
+        link.server.Play(Raw::Ack().repeated(200'000));
+        QTRY_COMPARE_WITH_TIMEOUT(acknowledged, 200'000, 60'000);
+        QVERIFY(turns > 3);
+    }
+};
+
+SUITE(SessionTest);
+
+#include "session_test.moc"

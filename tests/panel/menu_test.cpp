@@ -1,0 +1,180 @@
+#include "app/program_rig.h"
+#include "panel/living_room.h"
+
+#include <QMenu>
+#include <QMenuBar>
+
+using namespace Qt::StringLiterals;
+
+/// The menu bar of the main window, and what the layout, the link and the language do to it.
+class MenuTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { FailOnAnyWarning(); }
+
+    void ControlNames() {
+        ProgramRig rig(LayoutMain + LayoutPages);
+        rig.BringUp();
+        QCOMPARE(rig.Window().objectName(), u"frmRemote"_s);
+        QStringList found;
+        for (const QAction* top : rig.Window().menuBar()->actions()) {
+            found += u'/' + top->objectName() + u' ' + top->text();
+            if (top->menu() == nullptr)
+                continue;
+            QCOMPARE(top->menu()->objectName(), top->objectName());
+            for (const QAction* entry : top->menu()->actions())
+                found += entry->objectName() + (entry->isSeparator() ? QString() : u' ' + entry->text());
+        }
+        QCOMPARE(found.join(u','),
+                 u"/mnuMain(10) Modus,mnuModus(10) Device Status,mnuModus(11) Befehle Lernen,"
+                 u"mnuModus(13) IR Translator,mnuModus(14) Device Datenbank,mnuModus(15) HTML Pages,"
+                 u"mnuModus(16),mnuModus(18) IP Adresse,mnuModus(20),mnuModus(30) Ende,"
+                 u"/mnuRemote(10) Remote,mnuRemoteItem(999) -,mnuRemoteItem(1) Video && <b>TV</b>,"
+                 u"mnuRemoteItem(2) HIFI,/mnuSend(10) Senden,mnuSendItem(10) Befehl Senden,"
+                 u"/mnuIO(10) Analog Inputs,/mnuAbout(10) ?"_s);
+    }
+
+    void RefusedThenAGoodHost() {
+        ProgramRig rig(LayoutMain + LayoutPages);
+        rig.server.Shut();
+        rig.Start();
+        QTRY_VERIFY(rig.CurrentBox());
+        QCOMPARE(rig.CurrentBox()->icon(), QMessageBox::Critical);
+        QCOMPARE(rig.CurrentBox()->windowTitle(), u"Calvoris"_s);
+        QVERIFY(QRegularExpression(u"^Error: .+\nBrenmard läuft nicht auf dem Zielhost 127\\.0\\.0\\.1$"_s)
+                    .match(rig.CurrentBox()->text())
+                    .hasMatch());
+        QVERIFY(!rig.Find<QDialog>("frmIP"));
+        rig.AnswerBox();
+        const QStringList linked{u"mnuRemote(10)"_s, u"mnuSend(10)"_s, u"mnuModus(10)"_s, u"mnuModus(11)"_s,
+                                 u"mnuModus(13)"_s};
+        for (const QAction* action : rig.Window().findChildren<QAction*>())
+            if (action->objectName().startsWith(u"mnu") && !action->isSeparator() &&
+                action->objectName() != u"mnuRemoteItem(999)")
+                QVERIFY2(action->isEnabled() != linked.contains(action->objectName()),
+                         qPrintable(action->objectName()));
+        QPointer<QDialog> form = rig.Find<QDialog>("frmIP");
+        QVERIFY(form && form->isVisible() && form->isModal());
+        QCOMPARE(form->windowTitle(), u" IP Adresse eingeben"_s);
+        QCOMPARE(form->findChild<QLineEdit*>(u"txtIP"_s)->text(), QString());
+
+        // Refused again: the box, and behind it the form that asks once more.
+        QTest::keyClicks(form->findChild<QLineEdit*>(u"txtIP"_s), u" 127.0.0.1 "_s);
+        QTest::mouseClick(form->findChild<QPushButton*>(u"cmdOK"_s), Qt::LeftButton);
+        QTRY_VERIFY(rig.CurrentBox());
+        QCOMPARE(rig.Link().RemoteHost, FakeServer::Host());
+        QTRY_VERIFY(!form);
+        rig.AnswerBox();
+        form = rig.Find<QDialog>("frmIP");
+        QVERIFY(form && form->isVisible());
+        // Closed without OK, the entry of the menu brings it back.
+        QTest::keyClick(form, Qt::Key_Escape);
+        QTRY_VERIFY(!form);
+        rig.Action("mnuModus(18)")->trigger();
+        form = rig.Find<QDialog>("frmIP");
+        QVERIFY(form->isVisible());
+
+        QVERIFY(rig.server.Open());
+        auto* txtIP = form->findChild<QLineEdit*>(u"txtIP"_s);
+        txtIP->selectAll();
+        QTest::keyClicks(txtIP, FakeServer::Host());
+        QTest::keyClick(txtIP, Qt::Key_Return);
+        QTRY_COMPARE(rig.server.Log(), u"hello; 36 / 0; 56 tv/vol+ 1"_s);
+        for (const QString& name : linked)
+            QVERIFY(rig.Action(name.toLatin1().constData())->isEnabled());
+        QTRY_VERIFY(!form);
+        QVERIFY(rig.Button("cmdModeP(2)") && !rig.Button("cmdModeP(3)"));
+        QCOMPARE(rig.server.Connections(), 1);
+    }
+
+    void Reconnecting() {
+        ProgramRig rig(LayoutMain + LayoutPages);
+        rig.BringUp();
+        rig.Play(Raw::Result(28, 1));
+        QVERIFY(!rig.Button("cmdRem(1)")->isEnabled());
+        QCOMPARE(rig.Sent(), u"56 tv/mute 2"_s);
+        rig.Link().Connect();
+        // The panel stands, so only its check is done again, for all buttons.
+        QTRY_COMPARE(rig.server.Log(), u"hello; 36 / 0; 56 tv/vol+ 1"_s);
+        QVERIFY(rig.Button("cmdRem(1)")->isEnabled());
+        QCOMPARE(rig.Window().findChildren<QPushButton*>(QRegularExpression(u"^cmdModeP"_s)).size(), 2);
+        QCOMPARE(rig.Window().findChildren<QAction*>(QRegularExpression(u"^mnuRemoteItem"_s)).size(), 3);
+    }
+
+    void MenuSwitches() {
+        const std::tuple<const char*, const char*, const char*> rows[] = {
+            {"[NOMODUS]1[NOSEND]0[NOREMOTE]3[NOABOUT]x", "",
+             "mnuModus(10) mnuModus(11) mnuModus(13) mnuModus(14) mnuModus(18) "
+             "mnuRemote(10) mnuSend(10) mnuAbout(10)"},
+            {"[NOMODUS]2[NOSEND]2[NOREMOTE]2[NOABOUT]2",
+             "mnuModus(10) mnuModus(11) mnuModus(13) mnuModus(14) mnuModus(15) mnuModus(18) "
+             "mnuModus(20) mnuRemote(10) mnuSend(10) mnuAbout(10)",
+             ""},
+            {"[TITLE]Ferolo 3", "mnuModus(14) mnuModus(15) mnuModus(18) mnuRemote(10) mnuSend(10)", ""}};
+        for (const auto& [switches, hidden, disabled] : rows) {
+            ProgramRig rig(u"[MAIN]\n"_s + QLatin1StringView(switches) +
+                           u"\n[MOD]0,0[SIZE]9,9[PANEL]TV\n[END]\n"_s + LayoutPages);
+            rig.BringUp();
+            for (int round = 0; round < 2; ++round) {
+                QStringList invisible;
+                QStringList grey;
+                for (QAction* top : rig.Window().menuBar()->actions()) {
+                    const auto entries = top->menu() ? top->menu()->actions() : QList<QAction*>();
+                    for (const QAction* action : entries + QList<QAction*>{top}) {
+                        const QString name = action->objectName();
+                        if (name == u"mnuRemoteItem(999)" || !name.startsWith(u"mnu"))
+                            continue;
+                        if (!action->isVisible())
+                            invisible += name;
+                        else if (!action->isEnabled() && !action->isSeparator())
+                            grey += name;
+                    }
+                }
+                QCOMPARE(invisible.join(u' '), QLatin1StringView(hidden));
+                QCOMPARE(grey.join(u' '), QLatin1StringView(disabled));
+                rig.server.TakeLog();
+                rig.Link().Connect();
+                QTRY_COMPARE(rig.server.Records(), 3);
+            }
+        }
+    }
+
+    void BrandMenu() {
+        const std::pair<QString, QString> rows[] = {{u"German"_s, u"Start Einstellungen Befehle Zuordnen"_s},
+                                                    {u"English"_s, u"Start Options Link Commands"_s},
+                                                    {u"French"_s, u"Start Device Status IR Translator"_s}};
+        for (const auto& [language, captions] : rows) {
+            ProgramRig rig(u"[MAIN]\n[TITLE]Ferolo\n[MOD]0,0[SIZE]9,9[PANEL]TV\n[END]\n"_s + LayoutPages,
+                           language);
+            rig.WriteFile(language + u".tra"_s, u"\"other\",\"x\"\n"_s);
+            rig.BringUp();
+            QCOMPARE(QStringList({rig.Action("mnuMain(10)")->text(), rig.Action("mnuModus(10)")->text(),
+                                  rig.Action("mnuModus(13)")->text()})
+                         .join(u' '),
+                     captions);
+            QCOMPARE(rig.Window().windowTitle(), u"Ferolo"_s);
+        }
+    }
+
+    void LanguageOfTheMenus() {
+        ProgramRig rig(LayoutMain + LayoutPages, u"English"_s);
+        rig.WriteFile(u"English.tra"_s, u"\"frmRemote.mnuModus.11\",\"Learn & teach\"\n"
+                                        u"\"frmRemote.mnuSend.10\",\"Send\"\n"
+                                        u"\"frmRemote.mnuRemoteItem.1\",\"wrong\"\n"
+                                        u"\"frmRemote.cmdRem\",\"wrong\"\n\"frmRemote.sb1\",\"wrong\"\n"
+                                        u"\"frmRemote\",\"Caption\"\n"_s);
+        rig.Start();
+        QCOMPARE(rig.Window().windowTitle(), u"Caption"_s);
+        rig.BringUp();
+        QCOMPARE(rig.Action("mnuModus(11)")->text(), u"Learn && teach"_s);
+        QCOMPARE(rig.Find<QMenu>("mnuSend(10)")->title(), u"Send"_s);
+        // Texts of the layout stay as they are.
+        QCOMPARE(rig.Action("mnuRemoteItem(1)")->text(), u"Video && <b>TV</b>"_s);
+        QCOMPARE(rig.Button("cmdRem(2)")->text(), u"Mute"_s);
+    }
+};
+
+SUITE(MenuTest);
+
+#include "menu_test.moc"

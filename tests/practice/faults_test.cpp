@@ -1,0 +1,125 @@
+#include "practice_client.h"
+
+#include <QCommandLineParser>
+#include <QElapsedTimer>
+
+using namespace Qt::StringLiterals;
+
+class FaultsTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void Pieces() {
+        Start({.pieceSize = 40});
+        QCOMPARE(client->Frame().size(), 8);
+        QCOMPARE(client->Frame().size(), 312);
+        QVERIFY(client->arrivals > 2);
+    }
+
+    void Delay() {
+        QElapsedTimer clock;
+        clock.start();
+        Start({.delay = 60});
+        QCOMPARE(client->Frame().size(), 8);
+        QVERIFY(clock.elapsed() >= 60);
+        QCOMPARE(client->Frame().size(), 312);
+        QVERIFY(clock.elapsed() >= 120);
+    }
+
+    void Refusal() {
+        Start({.refused = {u"tv/power"_s}});
+        QCOMPARE(ResultText(client->Frame()), QByteArray("\"power\" of \"tv\" could not be sent."));
+    }
+
+    void Silence() {
+        Start({.silentFor = {1}});
+        client->socket.write(Golden::SerialText());
+        QCOMPARE(client->Frame().size(), 8);
+        server->GetFaults().silent = true;
+        client->socket.write(Golden::SerialText());
+        QTRY_COMPARE(server->Records(), 3);
+        QCOMPARE(client->received, QByteArray());
+    }
+
+    void CutInTheMiddle() {
+        for (const Faults::Cut cut : {Faults::Cut::Close, Faults::Cut::Reset}) {
+            Start({.pieceSize = 50, .cut = cut, .cutAnswer = 2, .cutBytes = 100});
+            QTRY_COMPARE(client->socket.state(), QTcpSocket::UnconnectedState);
+            QCOMPARE(client->received.size(), 8 + 100);
+        }
+    }
+
+    // The text must lie where the client looks for it: from byte 4 on, its end not within the last eight.
+    void LogsBeforeEachAnswer() {
+        Start({.logsBefore = 2});
+        for (const int size : {8, 312}) {
+            for (const char* text : {"practice log 1 of 2\n", "practice log 2 of 2\n"}) {
+                const QByteArray log = client->Frame();
+                QCOMPARE(TypeOf(log), 23);
+                QCOMPARE(QByteArray(log.constData() + 12), QByteArray(text));
+                QVERIFY(log.indexOf('\n') <= log.size() - 8);
+            }
+            QCOMPARE(client->Frame().size(), size);
+        }
+    }
+
+    void TwiceAndFilled() {
+        Start({.twice = true, .headerFiller = "*+*+"});
+        for (const int size : {8, 8, 312, 312}) {
+            const QByteArray frame = client->Frame();
+            QCOMPARE(frame.size(), size);
+            QVERIFY(frame.startsWith("*+*+"));
+        }
+    }
+
+    void NeverReadFillsTheConnection() {
+        Start({.neverRead = true});
+        client->socket.write(QByteArray(20'000'000, '\0'));
+        QTRY_COMPARE(server->Clients(), 1);
+        server->Push(Golden::BareHeader());
+        QCOMPARE(client->Frame(), Golden::BareHeader());
+        QCOMPARE(server->Records(), 0);
+        QVERIFY(client->socket.bytesToWrite() > 0);
+        // What lies unread makes a real reset of it.
+        server->ResetClients();
+        QTRY_COMPARE(client->socket.state(), QTcpSocket::UnconnectedState);
+    }
+
+    void CommandLine() {
+        QString error;
+        const auto read = [&](const QStringList& options) {
+            QCommandLineParser parser;
+            AddFaultOptions(parser);
+            parser.parse(QStringList(u"program"_s) + options);
+            return ReadFaultOptions(parser, error);
+        };
+        const auto faults = read({u"--pieces=3"_s, u"--silent-for=16"_s, u"--silent-for=60"_s,
+                                  u"--reset=2:100"_s, u"--filler=00FF2A2A"_s, u"--refuse=tv/power"_s});
+        QVERIFY(faults);
+        QCOMPARE(faults->pieceSize, 3);
+        QCOMPARE(faults->silentFor, (QSet<quint8>{16, 60}));
+        QCOMPARE(faults->cut, Faults::Cut::Reset);
+        QCOMPARE(faults->cutAnswer, 2);
+        QCOMPARE(faults->cutBytes, 100);
+        QCOMPARE(faults->headerFiller, QByteArray("\0\xFF**", 4));
+        QVERIFY(!read({u"--filler=2A2A0000"_s}));
+        QVERIFY(!read({u"--close=5"_s}));
+        QCOMPARE(error, u"--close: \"5\" is not two numbers with a colon between them"_s);
+    }
+
+private:
+    /// A fresh server with these faults, and the press of "power" on its way.
+    void Start(const Faults& faults) {
+        practice = std::make_unique<GreetedServer>(Golden::PressTvPower(), faults);
+        client = &practice->client;
+        server = &practice->server;
+    }
+
+    std::unique_ptr<GreetedServer> practice;
+    PracticeClient* client = nullptr;
+    PracticeServer* server = nullptr;
+};
+
+SUITE(FaultsTest);
+
+#include "faults_test.moc"

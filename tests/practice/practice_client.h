@@ -1,0 +1,91 @@
+#pragma once
+
+#include "practice/practice_server.h"
+
+#include "support/golden.h"
+#include "support/suite.h"
+
+#include <QNetworkProxy>
+#include <QTcpSocket>
+
+/// A server on a free port and one connection to it that knows only bytes.
+struct PracticeClient {
+    explicit PracticeClient(PracticeServer& server) {
+        socket.setProxy(QNetworkProxy::NoProxy);
+        QObject::connect(&socket, &QTcpSocket::readyRead, [this] {
+            received += socket.readAll();
+            ++arrivals;
+        });
+        socket.connectToHost(QHostAddress(QHostAddress::LocalHost), server.Port());
+    }
+
+    /// Sends the hello, then `requests`.
+    void Greet(const QByteArray& requests = {}) {
+        QVERIFY(QTest::qWaitFor([this] { return socket.state() == QTcpSocket::ConnectedState; }));
+        socket.write(Golden::Hello() + requests);
+    }
+
+    /// Takes the next whole frame off what was received; empty if none comes.
+    QByteArray Frame() {
+        int length = 8;
+        const auto complete = [&] {
+            if (received.size() >= 8)
+                length = received.startsWith("**") ? received.sliced(2, 5).toInt()
+                                                   : qFromLittleEndian<qint16>(received.constData() + 4);
+            return received.size() >= length;
+        };
+        if (!QTest::qWaitFor(complete, 3000))
+            return {};
+        QByteArray frame = received.first(length);
+        received.remove(0, length);
+        return frame;
+    }
+
+    QTcpSocket socket;
+    QByteArray received;
+    int arrivals = 0;
+};
+
+/// A server with these faults and a client that has sent it the hello and `requests`.
+struct GreetedServer {
+    explicit GreetedServer(const QByteArray& requests = {}, const Faults& faults = {}) {
+        server.GetFaults() = faults;
+        QObject::connect(&server, &PracticeServer::Said, &server,
+                         [this](const QString& line) { lines.append(line); });
+        client.Greet(requests);
+    }
+
+    QStringList lines; ///< what the server has said
+    PracticeServer server;
+    const bool listens = server.Listen();
+    PracticeClient client{server};
+};
+
+/// A CommandRequest of 113 bytes.
+inline QByteArray Request(int netcommand, const QByteArray& remote = {}, const QByteArray& command = {},
+                          int param = 0) {
+    using namespace Golden;
+    return Join({
+        QByteArray(1, char(netcommand)),
+        Hex("00 00 00"),
+        QByteArray(1, char(param)) + QByteArray(1, char(param >> 8)) + Hex("00 00"),
+        Hex("D2 00 00 00"),
+        (remote + '\0').leftJustified(80, ' '),
+        (command + '\0').leftJustified(20, ' '),
+        Hex("00"),
+    });
+}
+
+inline int TypeOf(const QByteArray& frame) {
+    return frame.size() < 8 ? -1 : frame[6];
+}
+
+/// The text of a ResultReply.
+inline QByteArray ResultText(const QByteArray& frame) {
+    return TypeOf(frame) == 1 && frame.size() > 16 ? QByteArray(frame.constData() + 16) : QByteArray();
+}
+
+/// One of the 16-bit numbers at the start of a payload.
+inline int Number(const QByteArray& frame, int index) {
+    return qFromLittleEndian<qint16>(frame.constData() + 8 + qsizetype(index) * 2);
+}

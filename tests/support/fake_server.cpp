@@ -1,0 +1,76 @@
+#include "support/fake_server.h"
+
+#include <QtEndian>
+
+namespace {
+
+int SizeOfRecord(int netcommand) {
+    switch (netcommand) {
+    case 0: return 4;
+    case 20: return 136;
+    case 29: return 214;
+    case 61: return 272;
+    case 68:
+    case 71: return 5512;
+    case 70: return 232;
+    default: return 113;
+    }
+}
+
+QString TextAt(const QByteArray& record, int offset, int width) {
+    const QByteArray field = record.sliced(offset, width);
+    const auto end = field.indexOf('\0');
+    return QString::fromLatin1(end < 0 ? field : field.first(end));
+}
+
+QString Describe(const QByteArray& record) {
+    const int netcommand = quint8(record[0]);
+    if (netcommand == 0)
+        return QStringLiteral("hello");
+    const auto param = qFromLittleEndian<qint32>(record.constData() + 4);
+    const QString what = netcommand == 61 ? QString::fromLatin1(record.sliced(16, quint8(record[12])))
+                                          : TextAt(record, 12, 80) + u'/' + TextAt(record, 92, 20);
+    return QStringLiteral("%1 %2 %3").arg(netcommand).arg(what).arg(param);
+}
+
+} // namespace
+
+FakeServer::FakeServer() {
+    clock.start();
+    QObject::connect(&listener, &QTcpServer::newConnection, &listener, [this] {
+        while (QTcpSocket* next = listener.nextPendingConnection()) {
+            if (client) {
+                client->disconnect();
+                client->abort();
+                client->deleteLater();
+            }
+            client = next;
+            ++connections;
+            pending.clear();
+            if (deaf)
+                client->setReadBufferSize(1);
+            else
+                QObject::connect(client, &QTcpSocket::readyRead, &listener, [this] { CutRecords(); });
+        }
+    });
+    listener.listen(QHostAddress(QHostAddress::LocalHost));
+    port = listener.serverPort();
+}
+
+void FakeServer::CutRecords() {
+    pending += client->readAll();
+    while (!pending.isEmpty() && pending.size() >= SizeOfRecord(quint8(pending[0]))) {
+        records.push_back(pending.first(SizeOfRecord(quint8(pending[0]))));
+        pending.remove(0, records.back().size());
+        log += Describe(records.back());
+        arrivals.push_back(clock.elapsed());
+    }
+}
+
+QString FakeServer::TakeLog() {
+    QString taken = Log();
+    log.clear();
+    records.clear();
+    arrivals.clear();
+    return taken;
+}

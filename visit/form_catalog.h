@@ -1,0 +1,19 @@
+#pragma once
+
+#include "database/frmIRDBStatus.h"
+#include "panel/frmIP.h"
+#include "tools/frmLog.h"
+#include "translator/frmTranslatorWait.h"
+
+#include <vector>
+
+/// One of every form but the main window, for those who walk them all: the gallery, and the test of the
+/// languages.
+inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
+    return {
+        new frmIP(services, parent),
+        new frmIRDBStatus(services, parent),
+        new frmLog(services, parent),
+        new frmTranslatorWait(services, parent),
+    };
+}

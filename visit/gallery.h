@@ -1,0 +1,7 @@
+#pragma once
+
+#include <QString>
+
+/// Leaves a picture of every form in `folder`: in German and in English, on a light and on a dark palette.
+/// False if a picture can't be written.
+bool MakeGallery(const QString& folder);
