@@ -1,6 +1,7 @@
 #pragma once
 
 #include "database/frmIRDBStatus.h"
+#include "learn/frmProgramm.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "translator/frmTranslatorWait.h"
@@ -14,6 +15,7 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmIP(services, parent),
         new frmIRDBStatus(services, parent),
         new frmLog(services, parent),
+        new frmProgramm(services, parent),
         new frmTranslatorWait(services, parent),
     };
 }

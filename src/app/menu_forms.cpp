@@ -47,7 +47,6 @@ void MenuForms::Open(const QString& name) {
         {u"mnuModus(15)"_s, Purpose::Html},
     };
     static const QSet<QString> missing = {
-        u"mnuModus(11)"_s,
         u"mnuSendItem(10)"_s,
         u"mnuIO(10)"_s,
         u"mnuAbout(10)"_s,
@@ -56,6 +55,8 @@ void MenuForms::Open(const QString& name) {
         RequestStatus(*entry);
     else if (missing.contains(name))
         TellMissing(name);
+    else if (name == u"mnuModus(11)")
+        learn.Load(services, mainWindow).ShowModal();
     else if (name == u"mnuModus(18)")
         OpenAddress();
 }

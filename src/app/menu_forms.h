@@ -1,6 +1,7 @@
 #pragma once
 
 #include "forms/form_slot.h"
+#include "learn/frmProgramm.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
 #include "translator/frmTranslatorWait.h"
@@ -34,5 +35,6 @@ private:
     QWidget* mainWindow;
     StatusStore status;
     FormSlot<frmIP> address;
+    FormSlot<frmProgramm> learn;
     FormSlot<frmTranslatorWait> wait;
 };
