@@ -48,7 +48,6 @@ void MenuForms::Open(const QString& name) {
     };
     static const QSet<QString> missing = {
         u"mnuModus(11)"_s,
-        u"mnuSendItem(10)"_s,
         u"mnuIO(10)"_s,
         u"mnuAbout(10)"_s,
     };
@@ -58,6 +57,8 @@ void MenuForms::Open(const QString& name) {
         TellMissing(name);
     else if (name == u"mnuModus(18)")
         OpenAddress();
+    else if (name == u"mnuSendItem(10)")
+        freeSend.Load(services, mainWindow).ShowModal();
 }
 
 void MenuForms::OpenAddress() {

@@ -3,6 +3,7 @@
 #include "forms/form_slot.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
+#include "tools/frmSendFree.h"
 #include "translator/frmTranslatorWait.h"
 
 /// Knows which menu entry opens which form, and what the arrival of a device status opens.
@@ -34,5 +35,6 @@ private:
     QWidget* mainWindow;
     StatusStore status;
     FormSlot<frmIP> address;
+    FormSlot<frmSendFree> freeSend;
     FormSlot<frmTranslatorWait> wait;
 };
