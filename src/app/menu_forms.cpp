@@ -47,7 +47,6 @@ void MenuForms::Open(const QString& name) {
         {u"mnuModus(15)"_s, Purpose::Html},
     };
     static const QSet<QString> missing = {
-        u"mnuSendItem(10)"_s,
         u"mnuIO(10)"_s,
         u"mnuAbout(10)"_s,
     };
@@ -59,6 +58,8 @@ void MenuForms::Open(const QString& name) {
         learn.Load(services, mainWindow).ShowModal();
     else if (name == u"mnuModus(18)")
         OpenAddress();
+    else if (name == u"mnuSendItem(10)")
+        freeSend.Load(services, mainWindow).ShowModal();
 }
 
 void MenuForms::OpenAddress() {

@@ -4,6 +4,7 @@
 #include "learn/frmProgramm.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
+#include "tools/frmSendFree.h"
 #include "translator/frmTranslatorWait.h"
 
 /// Knows which menu entry opens which form, and what the arrival of a device status opens.
@@ -36,5 +37,6 @@ private:
     StatusStore status;
     FormSlot<frmIP> address;
     FormSlot<frmProgramm> learn;
+    FormSlot<frmSendFree> freeSend;
     FormSlot<frmTranslatorWait> wait;
 };

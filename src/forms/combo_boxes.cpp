@@ -1,6 +1,11 @@
 #include "forms/combo_boxes.h"
 
+#include <QAbstractItemView>
+#include <QKeyEvent>
+#include <QLineEdit>
 #include <QWheelEvent>
+
+#include <utility>
 
 ComboBox::ComboBox(const QString& name, QWidget* parent)
     : QComboBox(parent) {
@@ -30,16 +35,80 @@ void ComboBox::wheelEvent(QWheelEvent* event) {
         event->ignore();
 }
 
+EditableComboBox::EditableComboBox(const QString& name, QWidget* parent)
+    : ComboBox(name, parent) {
+    setEditable(true);
+    setCompleter(nullptr);
+    setInsertPolicy(NoInsert);
+    // The base class chooses the entry whose text was typed when the focus leaves. Typing is no choice.
+    disconnect(lineEdit(), &QLineEdit::editingFinished, this, nullptr);
+
+    connect(this, &QComboBox::editTextChanged, this, [this](const QString& text) {
+        if (!isRefilling)
+            emit TextChanged(text);
+    });
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
+        hasTold = index >= 0;
+        if (hasTold)
+            emit Picked(itemText(index));
+    });
+    connect(this, &QComboBox::textActivated, this, [this](const QString& entry) {
+        if (!std::exchange(hasTold, false))
+            emit Picked(entry);
+    });
+}
+
+void EditableComboBox::SetEntries(const QStringList& entries) {
+    const bool isOpen = view()->isVisible();
+    if (isOpen)
+        hidePopup();
+    const QString text = currentText();
+    const int cursor = lineEdit()->cursorPosition();
+    const int start = lineEdit()->selectionStart();
+    const int length = int(lineEdit()->selectedText().size());
+
+    isRefilling = true;
+    clear();
+    addItems(entries);
+    setEditText(text);
+    isRefilling = false;
+
+    if (start < 0)
+        lineEdit()->setCursorPosition(cursor);
+    else if (cursor == start)
+        lineEdit()->setSelection(start + length, -length);
+    else
+        lineEdit()->setSelection(start, length);
+    if (isOpen)
+        showPopup();
+}
+
+void EditableComboBox::showPopup() {
+    hasTold = false;
+    ComboBox::showPopup();
+    const QString text = currentText();
+    if (text.isEmpty() || itemText(currentIndex()) == text)
+        return;
+    if (const int found = findText(text, Qt::MatchStartsWith); found >= 0)
+        view()->setCurrentIndex(model()->index(found, modelColumn(), rootModelIndex()));
+}
+
+void EditableComboBox::keyPressEvent(QKeyEvent* event) {
+    hasTold = false;
+    ComboBox::keyPressEvent(event);
+}
+
+void EditableComboBox::wheelEvent(QWheelEvent* event) {
+    hasTold = false;
+    ComboBox::wheelEvent(event);
+}
+
 ComboBox* MakeComboBox(const QString& name, const QStringList& entries, QWidget* parent) {
     auto* box = new ComboBox(name, parent);
     box->addItems(entries);
     return box;
 }
 
-ComboBox* MakeEditableComboBox(const QString& name, QWidget* parent) {
-    auto* box = new ComboBox(name, parent);
-    box->setEditable(true);
-    box->setCompleter(nullptr);
-    box->setInsertPolicy(QComboBox::NoInsert);
-    return box;
+EditableComboBox* MakeEditableComboBox(const QString& name, QWidget* parent) {
+    return new EditableComboBox(name, parent);
 }

@@ -21,8 +21,37 @@ protected:
     void wheelEvent(QWheelEvent* event) override;
 };
 
+/// A drop-down list that also takes typed text, which is neither completed nor added to the list, nor taken
+/// for a choice when it is that of an entry. The list opens at the first entry that begins with what stands
+/// in the box, and typing finds entries in it; what stands in the box changes only by a choice.
+class EditableComboBox : public ComboBox {
+    Q_OBJECT
+
+public:
+    EditableComboBox(const QString& name, QWidget* parent);
+
+    /// Replaces the entries. What stands in the box stays, and so do its cursor and selection; no entry is
+    /// selected.
+    void SetEntries(const QStringList& entries);
+
+    void showPopup() override;
+
+signals:
+    /// Another text stands in the box: typed, chosen, or set by code.
+    void TextChanged(const QString& text);
+    /// An entry was chosen, by hand or by code; by hand also if it was the last choice already.
+    void Picked(const QString& entry);
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool isRefilling = false;
+    bool hasTold = false; ///< the gesture that goes on has changed the choice, and Picked has been emitted
+};
+
 /// A list to choose from.
 ComboBox* MakeComboBox(const QString& name, const QStringList& entries, QWidget* parent);
 
-/// A list that also takes typed text, which is neither completed nor added to the list.
-ComboBox* MakeEditableComboBox(const QString& name, QWidget* parent);
+EditableComboBox* MakeEditableComboBox(const QString& name, QWidget* parent);

@@ -51,6 +51,7 @@ constexpr int RemoteWidth = 80;
 constexpr int CommandWidth = 20;
 constexpr int HelloSize = 4;       ///< an i32 of value 0, the first thing on a connection
 constexpr int SerialTextMax = 255; ///< the length of the text is one byte
+constexpr int CodeWidth = 5400;    ///< of the code of a CodeRequest
 constexpr int ActionDataWidth = 256;
 
 } // namespace Wire
@@ -167,7 +168,7 @@ struct CodeRequest {
         fields.Constant("version", 8, Wire::ProtocolVersion);
         fields.Text("remote", 12, Wire::RemoteWidth, PlainNul, r.remote);
         fields.Text("command", 92, Wire::CommandWidth, PlainNul, r.command);
-        fields.Text("code", 112, 5400, PlainNul, r.code);
+        fields.Text("code", 112, Wire::CodeWidth, PlainNul, r.code);
     }
 };
 

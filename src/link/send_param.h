@@ -27,6 +27,11 @@ constexpr quint32 UseLedExtended = 0x80000000;
 
 constexpr int AllBusesNumber = 255; ///< the bus number that people write for all buses
 
+/// The bits of a bus number.
+constexpr quint32 BusBitsOf(qint32 number) {
+    return number == AllBusesNumber ? AllBuses : quint32(number) << BusShift;
+}
+
 /// The bits of an LED number: 0 default, 1 internal, 2 external, 3 all, 4 and up the outputs 1 to 16.
 constexpr quint32 LedBits(qint32 number) {
     if (number <= 3)

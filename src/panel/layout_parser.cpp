@@ -45,9 +45,7 @@ struct Line {
 };
 
 void WorkOutSendParam(PanelModel& panel) {
-    const quint32 bus = panel.PanelBus == SendParam::AllBusesNumber
-                            ? SendParam::AllBuses
-                            : quint32(panel.PanelBus) << SendParam::BusShift;
+    const quint32 bus = SendParam::BusBitsOf(panel.PanelBus);
     panel.PanelSendParam =
         qint32(bus | panel.PanelLed | quint32(panel.PanelSendMask) | SendParam::UseMaskAndBus);
 }

@@ -5,6 +5,7 @@
 
 #include "support/suite.h"
 
+#include <QAbstractItemView>
 #include <QClipboard>
 #include <QGuiApplication>
 #include <QInputMethodEvent>
@@ -158,6 +159,63 @@ private slots:
         }
         QCOMPARE(typed->currentText(), u"tv"_s);
         QCOMPARE(typed->count(), 2);
+    }
+
+    void TypedTextOutlivesTheList() {
+        auto* box = MakeEditableComboBox(u"txtRemote"_s, window.get());
+        auto* other = MakeTextBox(u"txtOther"_s, 0, window.get());
+        rows->addWidget(box);
+        rows->addWidget(other);
+        ShowWindow();
+        QSignalSpy changed(box, &EditableComboBox::TextChanged);
+        QSignalSpy picked(box, &EditableComboBox::Picked);
+        box->setFocus();
+        QTest::keyClicks(box, u"amp"_s);
+        QTest::keyClick(box, Qt::Key_Left);
+        QTest::keyClick(box, Qt::Key_Left, Qt::ShiftModifier);
+        for (const QStringList& entries : {QStringList{u"amp"_s, u"tv"_s}, {u"ampx"_s}, {}, {u"tv"_s}}) {
+            box->SetEntries(entries);
+            QCOMPARE(box->currentText(), u"amp"_s);
+            QCOMPARE(box->lineEdit()->selectedText(), u"m"_s);
+            QCOMPARE(box->lineEdit()->cursorPosition(), 1);
+            QCOMPARE(box->currentIndex(), -1);
+        }
+        // Typed in full, and left by Enter and Tab: still no choice.
+        QTest::keySequence(box, QKeySequence::SelectAll);
+        QTest::keyClicks(box, u"tv"_s);
+        QTest::keyClick(box, Qt::Key_Return);
+        other->setFocus();
+        QCOMPARE(box->currentIndex(), -1);
+        QCOMPARE(changed.size(), 5);
+        QVERIFY(picked.isEmpty());
+    }
+
+    void ChoicesByHandAndByCode() {
+        auto* box = MakeEditableComboBox(u"txtRemote"_s, window.get());
+        rows->addWidget(box);
+        ShowWindow();
+        QStringList picks;
+        connect(box, &EditableComboBox::Picked, this, [&](const QString& entry) { picks += entry; });
+        box->SetEntries({u"amp"_s, u"Tuner"_s, u"tv"_s, u"tv 2"_s});
+        const auto openAndPress = [&](const QString& letters, Qt::Key key) {
+            box->showPopup();
+            QTest::keyClicks(box->view(), letters);
+            QTest::keyClick(box->view(), key);
+        };
+        box->setEditText(u"t"_s);
+        openAndPress({}, Qt::Key_Escape);
+        QCOMPARE(box->currentText(), u"t"_s);
+        openAndPress({}, Qt::Key_Return); // it had opened at what was typed
+        QCOMPARE(box->currentText(), u"Tuner"_s);
+        openAndPress(u"tv"_s, Qt::Key_Return);
+        QCOMPARE(box->currentText(), u"tv"_s);
+        box->setEditText(u"tv"_s);
+        openAndPress({}, Qt::Key_Return); // the same once more
+        QTest::keyClick(box, Qt::Key_Down);
+        box->setCurrentIndex(0);
+        box->setCurrentIndex(0);
+        openAndPress({}, Qt::Key_Return);
+        QCOMPARE(picks, QStringList({u"Tuner"_s, u"tv"_s, u"tv"_s, u"tv 2"_s, u"amp"_s, u"amp"_s}));
     }
 
     void Tabs() {
