@@ -1,6 +1,8 @@
 #pragma once
 
 #include "practice/handlers.h"
+#include "practice/learner.h"
+#include "practice/outcomes.h"
 #include "practice/reply_sender.h"
 #include "practice/request_reader.h"
 #include "practice/world.h"
@@ -9,6 +11,7 @@
 struct Practice {
     World world;
     Faults faults;
+    Outcomes outcomes;
     int records = 0;   ///< whole records that arrived
     int malformed = 0; ///< records, lines and hellos with a fault
 };
@@ -22,8 +25,10 @@ public:
     /// Takes ownership of the socket. `practice` must outlive the link.
     ClientLink(QTcpSocket* socket, Practice& practice, QObject* parent);
 
-    const World& GetWorld() const { return practice.world; }
+    World& GetWorld() { return practice.world; }
     const Faults& GetFaults() const { return practice.faults; }
+    const Outcomes& GetOutcomes() const { return practice.outcomes; }
+    Learner& GetLearner() { return learner; }
 
     /// The answers, for the handlers. Each is one frame on the wire and one line in words.
     void Acknowledge();
@@ -31,6 +36,10 @@ public:
     void Reply(ReplyType type, QByteArrayView payload, const QString& words);
     void Frame(const QString& text); ///< a text frame; at most 99,991 characters are sent
     void Log(const QString& text);
+
+    /// Answers from now on belong to this netcommand, until the next request. For a handler that answers
+    /// later.
+    void AnswerFor(Netcommand netcommand) { answered = quint8(netcommand); }
 
     /// Reports a fault of the request at hand and answers it.
     void Malformed(const QStringList& faults);
@@ -68,4 +77,6 @@ private:
     ReplySender sender;
     RequestReader reader;
     const RequestRow* row = nullptr; ///< of the request at hand; null for a text line
+    quint8 answered = 0;             ///< netcommand to which answers belong
+    Learner learner;
 };

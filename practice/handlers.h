@@ -10,7 +10,8 @@ class ClientLink;
 /// Result codes of this server, besides those that the client knows by number.
 namespace PracticeResult {
 constexpr ResultCode NotSent{6};   ///< the command isn't known or was refused
-constexpr ResultCode NotDone{7};   ///< the server can't do that yet
+constexpr ResultCode NotDone{5};   ///< the server can't do that yet
+constexpr ResultCode NotOpen{7};   ///< learning can't begin
 constexpr ResultCode Malformed{8}; ///< the request has a fault
 constexpr ResultCode NotThere{9};  ///< what was asked for doesn't exist
 } // namespace PracticeResult
@@ -21,6 +22,13 @@ void SendSerial(ClientLink& link, const SerialRequest& request);
 void TellIfKnown(ClientLink& link, const CommandRequest& request);
 /// The text in use.
 QString TextInUse(const SerialRequest& request);
+
+// learn_handlers.cpp
+void OpenForLearning(ClientLink& link, const CommandRequest& request);
+void EndLearning(ClientLink& link, const CommandRequest& request);
+void Learn(ClientLink& link, const CommandRequest& request);
+void TellLearnState(ClientLink& link, const CommandRequest& request);
+void StoreCode(ClientLink& link, const CodeRequest& request);
 
 // list_handlers.cpp
 void ListRemoteNames(ClientLink& link, const CommandRequest& request);

@@ -40,7 +40,7 @@ void ListCommandNames(ClientLink& link, const CommandRequest& request) {
         return link.Result(PracticeResult::NotThere, 0,
                            u"There is no remote control %1."_s.arg(Quoted(link.listedRemote)));
     SendPage<CommandElement>(link, ReplyType::Commands, remote->commands, request.param,
-                             [](const QString& name) { return CommandElement{name}; });
+                             [](const World::Command& command) { return CommandElement{command.name}; });
 }
 
 void ListTranslatorSets(ClientLink& link, const CommandRequest& request) {

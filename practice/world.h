@@ -11,9 +11,15 @@
 /// What the practice server pretends to have: learned remotes, stored sets, buses with their devices, analog
 /// inputs and page files.
 struct World {
+    struct Command {
+        QString name;
+        QString code = {}; ///< as a receiver would show it; empty: the server makes one
+    };
     struct Remote {
         QString name;
-        QStringList commands;
+        std::vector<Command> commands;
+        int timings = 1;
+        QString lastCode = {}; ///< what was learned last
     };
     struct Bus {
         BusElement element;
@@ -39,14 +45,30 @@ struct World {
 
     /// The remote of that name; null if there is none.
     const Remote* FindRemote(const QString& name) const;
+    Remote* FindRemote(const QString& name);
+
+    /// Gives a remote a command of that name, or the one that it has this code.
+    static void StoreCommand(Remote& remote, const QString& name, const QString& code);
+
+    /// A code such as "RC5 03 1F" for the command of that name, which the remote of this world may not have
+    /// yet.
+    QString MakeCode(const QString& kind, const Remote& remote, const QString& command) const;
 
     /// The code of a command as a receiver would show it; nothing if it isn't known. Never begins with "F",
     /// which would mark the result of a flash.
     std::optional<QString> FindCode(const QString& remote, const QString& command) const;
 
+    /// Adds a remote with so many commands.
+    void AddLargeRemote(int commands);
+    /// Adds remotes until there are so many.
+    void AddRemotesUpTo(int count);
+
     /// A living room with what its panel needs, and one bus more than a page of the status holds.
     static World LivingRoom();
 };
+
+/// What the living room's devices have learned.
+std::vector<World::Remote> LivingRoomRemotes();
 
 /// Buses and devices of the living room: every kind of device, with old and new firmware.
 std::vector<World::Bus> LivingRoomBuses();
