@@ -62,6 +62,7 @@ frmProgramm::frmProgramm(const FormServices& services, QWidget* parent)
     Localize();
     for (int i = 0; i < cmbMode->count(); ++i)
         state.modes.push_back({cmbMode->itemText(i), FirstModes[size_t(i)]});
+    state.deviceTimeout = cmbTimeout->itemText(0);
     txtTimeout->setText(u"30"_s);
     Refresh();
     AskServer();
@@ -227,8 +228,8 @@ void frmProgramm::Connect() {
         ChooseReceiver(state, SelectedBus, index);
         Refresh();
     });
-    connect(txtRemote, &QComboBox::editTextChanged, this,
-            [this](const QString& text) { cmdRemote->setEnabled(!text.isEmpty()); });
+    connect(txtRemote, &EditableComboBox::TextChanged, this, &frmProgramm::EnableOpening);
+    connect(txtRemote, &EditableComboBox::Picked, this, &frmProgramm::EnableOpening);
     connect(txtCommand, &QLineEdit::textChanged, this, &frmProgramm::UpdateCommandButtons);
     connect(txtTimeout, &QLineEdit::textChanged, this,
             [this](const QString& text) { services.session.timeout = WaitTime(text); });
@@ -244,7 +245,7 @@ void frmProgramm::Connect() {
         services.session.SendRemoteCommand(Netcommand::ListRemotes, {}, {}, 0);
     });
     connect(this, &QDialog::finished, this, &frmProgramm::CloseRemote);
-    cmdRemote->setEnabled(false);
+    EnableOpening();
     UpdateCommandButtons();
 }
 
@@ -393,17 +394,16 @@ void frmProgramm::ChooseBusEntry(int index) {
     RunEnableLearn();
 }
 
-/// What the user has typed meanwhile stays.
 void frmProgramm::FillRemoteCombo() {
-    const QString typed = txtRemote->currentText();
     QStringList names = services.session.NameList;
     for (QString& name : names)
         name = WithoutBlanks(name).toString();
-    txtRemote->clear();
-    txtRemote->addItems(names);
-    txtRemote->setCurrentIndex(-1);
-    txtRemote->setEditText(typed);
-    cmdRemote->setEnabled(!typed.isEmpty() && state.enabled.remote);
+    txtRemote->SetEntries(names);
+    EnableOpening();
+}
+
+void frmProgramm::EnableOpening() {
+    cmdRemote->setEnabled(state.enabled.remote && !txtRemote->currentText().isEmpty());
 }
 
 void frmProgramm::TakeLearnState(const LearnStateReply& learnState) {

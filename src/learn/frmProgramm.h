@@ -61,6 +61,7 @@ private:
                    const QString& promptText);
     quint8 ChosenAddress() const;
     void TickProgress();
+    void EnableOpening();
     void UpdateCommandButtons();
     void AskState();
 
@@ -71,7 +72,7 @@ private:
     ComboBox* cmbBus = nullptr;
     ComboBox* cmbAdrMode = nullptr;
     TextBox* txtAdresse = nullptr;
-    ComboBox* txtRemote = nullptr;
+    EditableComboBox* txtRemote = nullptr;
     QPushButton* cmdRemote = nullptr;
     ComboBox* cmbMode = nullptr;
     QPushButton* cmdTiming = nullptr;

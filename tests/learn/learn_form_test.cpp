@@ -1,7 +1,9 @@
 #include "app/program_rig.h"
 #include "learn/frmProgramm.h"
 
-#include "base/code_page.h"
+#include "practice/practice_server.h"
+
+#include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
@@ -12,8 +14,8 @@ QByteArray I32(quint32 value) {
 }
 
 QByteArray Bus(const char* name, const char* version, quint32 a, quint32 b, quint8 receivers) {
-    return I32(a) + I32(b) + Raw::Field(name, 60) + Raw::Field(version, 8) + I32(0) + '\0' + '\x02' +
-           char(receivers) + '\x0F';
+    return I32(a) + I32(b) + Raw::Field(name, 60) + Raw::Field(version, 8) + I32(0) + Raw::Field({}, 5) +
+           '\x02' + char(receivers) + '\x0F';
 }
 
 QByteArray State(int flags, int carrier, const QByteArray& remote, int timings, int commands,
@@ -41,13 +43,25 @@ struct LearnRig : ProgramRig {
     }
 
     frmProgramm* Form() const { return Window().findChild<frmProgramm*>(); }
+    /// Without a window manager no window comes to the front when a box goes.
+    void AnswerAndReturn() const {
+        AnswerBox();
+        Form()->activateWindow();
+    }
     ComboBox* Combo(const char* name) const { return Find<ComboBox>(name); }
     QLineEdit* Edit(const char* name) const { return Find<QLineEdit>(name); }
-    void Type(const char* text) const {
-        QTest::keyClicks(QApplication::focusWidget(), QLatin1StringView(text));
+    /// Where the keys go; a window that has just come to the front needs a moment.
+    QWidget* Target() const {
+        return QTest::qWaitFor([] { return QApplication::focusWidget() != nullptr; })
+                   ? QApplication::focusWidget()
+                   : &Window();
     }
-    void Press(Qt::Key key) const { QTest::keyClick(QApplication::focusWidget(), key); }
-    QString Focus() const { return QApplication::focusWidget()->objectName(); }
+    void Type(const char* text) const { QTest::keyClicks(Target(), QLatin1StringView(text)); }
+    void Press(Qt::Key key) const { QTest::keyClick(Target(), key); }
+    QString Focus() const {
+        const QWidget* focus = QApplication::focusWidget();
+        return focus != nullptr ? focus->objectName() : QString();
+    }
 };
 
 } // namespace
@@ -92,6 +106,46 @@ private slots:
         QCOMPARE(rig.Sent(), u"5 / 0"_s);
     }
 
+    void TenCommandsForTheFreeSend() {
+        PracticeServer practice;
+        practice.GetOutcomes().learnTime = 20;
+        QVERIFY(practice.Listen());
+        LearnRig rig;
+        rig.options.port = practice.Port();
+        rig.Start();
+        QTRY_VERIFY(rig.Link().IsUp());
+        rig.Action("mnuModus(11)")->trigger();
+        QVERIFY(QTest::qWaitForWindowActive(rig.Form()));
+        QTRY_COMPARE(rig.Focus(), u"txtRemote"_s);
+        QTRY_VERIFY(rig.Combo("txtRemote")->count() > 0);
+        rig.Type("attic");
+        rig.Press(Qt::Key_Return);
+        for (int i = 0; i < 10; ++i) {
+            QTRY_COMPARE(rig.Edit("txtCommands")->text(), QString::number(i));
+            QTRY_COMPARE(rig.Focus(), u"txtCommand"_s);
+            QTRY_VERIFY(rig.Edit("txtCommand")->text().isEmpty());
+            QTest::keyClicks(rig.Edit("txtCommand"), u"key%1"_s.arg(i));
+            rig.Press(Qt::Key_Return);
+        }
+        QTRY_COMPARE(rig.Edit("txtCommands")->text(), u"10"_s);
+        QVERIFY(!rig.Edit("txtCode")->text().isEmpty());
+        QVERIFY(!rig.CurrentBox());
+        rig.Form()->close();
+
+        rig.Action("mnuSendItem(10)")->trigger();
+        const auto* freeSend = rig.Find<::Form>("frmSendFree");
+        auto* remotes = freeSend->findChild<EditableComboBox*>(u"txtRemote"_s);
+        auto* commands = freeSend->findChild<EditableComboBox*>(u"txtCommand"_s);
+        QTRY_VERIFY(remotes->findText(u"attic"_s) >= 0);
+        remotes->setCurrentIndex(remotes->findText(u"attic"_s));
+        QTRY_COMPARE(commands->count(), 10);
+        commands->setCurrentIndex(9);
+        QSignalSpy acknowledged(&rig.Link(), &Session::Acknowledged);
+        rig.Button("cmdSend")->click();
+        QTRY_COMPARE(acknowledged.size(), 1);
+        QCOMPARE(practice.MalformedRecords(), 0);
+    }
+
     void OldFirmwareNeedsATiming() {
         LearnRig rig;
         rig.Open();
@@ -131,12 +185,12 @@ private slots:
     void WhatIsTypedStaysWithinItsField() {
         LearnRig rig;
         rig.Open();
-        QTest::keyClicks(rig.Combo("txtRemote")->lineEdit(), QString(81, u'ü'));
+        rig.Combo("txtRemote")->lineEdit()->insert(QString(81, u'ü'));
         rig.Press(Qt::Key_Return);
         QVERIFY(rig.Sent().startsWith(u"2 "_s + QString(80, u'ü') + u"/ 0;"_s));
         rig.Play(State(1, 0, QByteArray(80, '\xFC'), 0, 0));
         QCOMPARE(rig.Combo("txtRemote")->currentText(), QString(80, u'ü'));
-        QTest::keyClicks(rig.Edit("txtCommand"), u"\u03A9"_s + QString(20, u'x'));
+        rig.Edit("txtCommand")->insert(u"\u03A9"_s + QString(20, u'x'));
         rig.Edit("txtTimeout")->setText(u"31"_s);
         rig.Combo("cmbAdrMode")->setCurrentIndex(1);
         QTest::keyClicks(rig.Edit("txtAdresse"), u"99"_s);
@@ -145,8 +199,8 @@ private slots:
         rig.Button("cmdLearn")->click();
         QVERIFY(rig.CurrentBox());
         QVERIFY(rig.Sent().isEmpty());
-        rig.AnswerBox();
-        QCOMPARE(rig.Focus(), u"txtFrequenz"_s);
+        rig.AnswerAndReturn();
+        QTRY_COMPARE(rig.Focus(), u"txtFrequenz"_s);
         rig.Edit("txtFrequenz")->setText(u"56"_s);
         const int before = rig.server.Records();
         rig.Button("cmdLearn")->click();
@@ -169,9 +223,10 @@ private slots:
         QTRY_VERIFY(rig.CurrentBox());
         QCOMPARE(rig.CurrentBox()->windowTitle() + rig.CurrentBox()->text(),
                  u"IR ErrorResult: [4 - 3] no <b>key</b>"_s);
-        rig.AnswerBox();
+        rig.AnswerAndReturn();
 
         // Without a receiver that the list has, 0 goes out; codes that were typed end in the state, too.
+        QTRY_COMPARE(rig.Focus(), u"txtCommand"_s);
         rig.Combo("cmbRcv")->setCurrentIndex(-1);
         rig.Type("x");
         rig.Sent();
