@@ -41,6 +41,9 @@ void ListBusElements(ClientLink& link, const CommandRequest& request);
 void SendStatusPage(ClientLink& link, const CommandRequest& request);
 void SendAnalogInputs(ClientLink& link, const CommandRequest& request);
 
+// mode_handlers.cpp
+void SetDevice(ClientLink& link, const ModeRequest& request);
+
 // page_file_handlers.cpp
 /// Answers a line of the text protocol, given with its end.
 void AnswerTextLine(ClientLink& link, const QByteArray& line);

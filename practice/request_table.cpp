@@ -146,7 +146,7 @@ constexpr std::array rows = {
     Row<SerialRequest, SendSerial>(SerialText, "send over RS232"),
     Row<CodeRequest, StoreCode>(StoreCcf, "store a CCF code", {}, Answer::None),
     Row<General, SendStatusPage>(DeviceStatus, "tell the device status", Bare),
-    Row<ModeRequest>(SetMode, "set the parameters of a device", {}, Answer::None),
+    Row<ModeRequest, SetDevice>(SetMode, "set the parameters of a device", {}, Answer::None),
     Row<CodeRequest, StoreCode>(StoreSerialCode, "store an RS232 text", {}, Answer::None),
 };
 

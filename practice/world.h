@@ -8,6 +8,9 @@
 #include <optional>
 #include <vector>
 
+/// What stands in `HotRemote2` of a device that a MAC address wakes; the address is in `HotCommand2` then.
+constexpr QStringView LanMarker = u"@@@~~~LAN~~~@@@";
+
 /// What the practice server pretends to have: learned remotes, stored sets, buses with their devices, analog
 /// inputs and page files.
 struct World {
@@ -57,6 +60,16 @@ struct World {
     /// The code of a command as a receiver would show it; nothing if it isn't known. Never begins with "F",
     /// which would mark the result of a flash.
     std::optional<QString> FindCode(const QString& remote, const QString& command) const;
+
+    /// The device that a `DeviceTag` names; `entry` is null if there is none.
+    struct DevicePlace {
+        int bus = 0;
+        int address = 0;
+        DeviceEntry* entry = nullptr;
+    };
+
+    /// A tag is bus * 256 + address. A device that is alone in the world goes by its plain address as well.
+    DevicePlace FindDevice(int tag);
 
     /// Adds a remote with so many commands.
     void AddLargeRemote(int commands);
