@@ -1,5 +1,7 @@
 #pragma once
 
+#include "practice/set_shelf.h"
+
 #include "link/replies.h"
 
 #include <QStringList>
@@ -40,8 +42,8 @@ struct World {
     };
 
     std::vector<Remote> remotes;
-    QStringList translatorSets;
-    QStringList databaseSets;
+    SetShelf translatorSets{QStringLiteral(".translator"), 0, TranslatorRequest::Size};
+    SetShelf databaseSets{QStringLiteral(".database"), IRDBGlobalRecord::Size, IRDBElementRecord::Size};
     std::vector<Bus> buses; ///< at most 64
     std::array<AnalogInput, 8> analogInputs;
     std::vector<PageFile> pageFiles;
@@ -75,6 +77,9 @@ struct World {
     void AddLargeRemote(int commands);
     /// Adds remotes until there are so many.
     void AddRemotesUpTo(int count);
+
+    /// Stores sets of both kinds, with more than a page each.
+    void AddLivingRoomSets();
 
     /// A living room with what its panel needs, and one bus more than a page of the status holds.
     static World LivingRoom();
