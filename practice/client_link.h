@@ -5,6 +5,7 @@
 #include "practice/outcomes.h"
 #include "practice/reply_sender.h"
 #include "practice/request_reader.h"
+#include "practice/set_transfer.h"
 #include "practice/world.h"
 
 /// What all connections of a server share.
@@ -54,6 +55,9 @@ public:
 
     /// The remote whose commands were listed last. Requests for further pages don't name it.
     QString listedRemote;
+    /// The sets that are on their way.
+    SetTransfer translator;
+    SetTransfer database;
 
 signals:
     void Said(const QString& words);

@@ -29,11 +29,11 @@ QString Obstacle(ClientLink& link, const CommandRequest& request) {
 void SayMismatch(ClientLink& link, const CommandRequest& request) {
     const LearnParam learn = ReadLearnParam(request);
     const QString& version = link.GetWorld().buses[learn.bus].element.version;
-    const bool newDevice = version.sliced(1) >= u"5.20.00"_s;
+    const bool newDevice = version.mid(1) >= u"5.20.00"_s;
     if (learn.newForm != newDevice)
         link.Say(u"odd: the firmware %1 of bus %2 expects the %3 form"_s.arg(version).arg(learn.bus).arg(
             newDevice ? "new"_L1 : "old"_L1));
-    if (learn.longPresses && version.sliced(1) < u"6.04.44"_s)
+    if (learn.longPresses && version.mid(1) < u"6.04.44"_s)
         link.Say(u"odd: the firmware %1 of bus %2 can't learn long presses"_s.arg(version).arg(learn.bus));
 }
 

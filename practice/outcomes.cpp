@@ -21,6 +21,13 @@ void AddOutcomeOptions(QCommandLineParser& parser) {
         {u"learn"_s, u"How learning ends: succeed, fail or timeout."_s, u"end"_s, u"succeed"_s},
         {u"learn-time"_s, u"Learn for <ms> milliseconds."_s, u"ms"_s, QString::number(Outcomes().learnTime)},
         {u"carrier-fails"_s, u"Fail to measure the carrier of a learned code."_s},
+        {u"refuse-translator-element"_s,
+         u"Refuse element <n> of a translator set, from 0. Can be given often."_s, u"n"_s},
+        {u"refuse-database-element"_s,
+         u"Refuse element <n> of a database; its settings are 0. Can be given often."_s, u"n"_s},
+        {u"translator-flash-fails"_s, u"Fail to flash a translator set."_s},
+        {u"database-flash-fails"_s, u"Fail to flash a database."_s},
+        {u"database-words"_s, u"Say that a database needs <n> words of flash memory."_s, u"n"_s},
     });
 }
 
@@ -36,6 +43,18 @@ std::optional<Outcomes> ReadOutcomeOptions(const QCommandLineParser& parser, QSt
         outcomes.learn = Outcomes::Learn(word - learnWords.begin());
     outcomes.learnTime = values.Number(u"learn-time"_s, 3'600'000);
     outcomes.carrierFails = parser.isSet(u"carrier-fails"_s);
+    const auto refused = [&](const QString& option) {
+        QSet<int> numbers;
+        for (const QString& text : parser.values(option))
+            numbers.insert(values.Parse(option, text, 0x7FFF));
+        return numbers;
+    };
+    outcomes.refusedTranslatorElements = refused(u"refuse-translator-element"_s);
+    outcomes.refusedDatabaseElements = refused(u"refuse-database-element"_s);
+    outcomes.translatorFlashFails = parser.isSet(u"translator-flash-fails"_s);
+    outcomes.databaseFlashFails = parser.isSet(u"database-flash-fails"_s);
+    if (parser.isSet(u"database-words"_s))
+        outcomes.databaseWords = values.Number(u"database-words"_s, 1'000'000);
     if (!error.isEmpty())
         return {};
     return outcomes;

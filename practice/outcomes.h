@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QSet>
 #include <QString>
 
 #include <optional>
@@ -17,6 +18,12 @@ struct Outcomes {
     Learn learn = Learn::Succeeds;
     int learnTime = 1200;      ///< milliseconds; a learn whose time-out is shorter times out
     bool carrierFails = false; ///< the carrier can't be measured
+
+    QSet<int> refusedTranslatorElements = {}; ///< from 0
+    QSet<int> refusedDatabaseElements = {};   ///< the settings are 0
+    bool translatorFlashFails = false;
+    bool databaseFlashFails = false;
+    std::optional<int> databaseWords = {}; ///< memory that a database needs, instead of the measured one
 };
 
 /// Adds an option for each outcome.

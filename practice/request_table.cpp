@@ -96,7 +96,12 @@ constexpr RequestRow Row(Netcommand netcommand, const char* purpose, CommandUse 
                          Answer answer = Answer::Awaited) {
     RequestRow row{netcommand, purpose, answer, use, Record::Size, Check<Record>, Describe<Record>, nullptr};
     if constexpr (!std::is_null_pointer_v<decltype(Handler)>)
-        row.handle = [](ClientLink& link, QByteArrayView bytes) { Handler(link, Decode<Record>(bytes)); };
+        row.handle = [](ClientLink& link, QByteArrayView bytes) {
+            if constexpr (std::is_invocable_v<decltype(Handler), ClientLink&, QByteArrayView>)
+                Handler(link, bytes);
+            else
+                Handler(link, Decode<Record>(bytes));
+        };
     return row;
 }
 
@@ -126,18 +131,21 @@ constexpr std::array rows = {
     Row<General, TellLearnState>(LearnState, "tell the state of learning", Bare),
     Row<General, ListRemoteNames>(ListRemotes, "list the remotes", Page),
     Row<General, ListCommandNames>(ListCommands, "list the commands of", PageOfName),
-    Row<TranslatorRequest>(TranslatorElement, "take an element of a translator set", {}, Answer::Header),
-    Row<General>(ReadTranslator, "read the translator set", PageOfName),
-    Row<General>(StoreTranslator, "store the translator set", Store),
-    Row<General>(FlashTranslator, "flash the translator set", Flash),
+    Row<TranslatorRequest, TakeTranslatorElement>(TranslatorElement, "take an element of a translator set",
+                                                  {}, Answer::Header),
+    Row<General, SendTranslatorPage>(ReadTranslator, "read the translator set", PageOfName),
+    Row<General, StoreTranslatorSet>(StoreTranslator, "store the translator set", Store),
+    Row<General, FlashTranslatorSet>(FlashTranslator, "flash the translator set", Flash),
     Row<LcdRequest>(LcdText, "show on the LCD", {}, Answer::None),
     Row<General>(Start, "start", Bare, Answer::None),
     Row<General, SendStatusPage>(NextStatus, "tell the next page of device status", Page),
-    Row<IRDBGlobalRecord>(DatabaseElement, "take the settings of a database", {}, Answer::Header),
-    Row<IRDBElementRecord>(DatabaseElement, "take an element of a database", {}, Answer::Header),
-    Row<General>(FlashDatabase, "flash the database", Flash),
-    Row<General>(StoreDatabase, "store the database", Store),
-    Row<General>(ReadDatabase, "read the database", PageOfName),
+    Row<IRDBGlobalRecord, TakeDatabaseSettings>(DatabaseElement, "take the settings of a database", {},
+                                                Answer::Header),
+    Row<IRDBElementRecord, TakeDatabaseElement>(DatabaseElement, "take an element of a database", {},
+                                                Answer::Header),
+    Row<General, FlashDatabaseSet>(FlashDatabase, "flash the database", Flash),
+    Row<General, StoreDatabaseSet>(StoreDatabase, "store the database", Store),
+    Row<General, SendDatabasePage>(ReadDatabase, "read the database", PageOfName),
     Row<General, ListTranslatorSets>(ListTranslators, "list the translator sets", Page),
     Row<General, ListDatabaseSets>(ListDatabases, "list the databases", Page),
     Row<General, ListBusElements>(ListBuses, "list the buses", Page),
@@ -146,7 +154,7 @@ constexpr std::array rows = {
     Row<SerialRequest, SendSerial>(SerialText, "send over RS232"),
     Row<CodeRequest, StoreCode>(StoreCcf, "store a CCF code", {}, Answer::None),
     Row<General, SendStatusPage>(DeviceStatus, "tell the device status", Bare),
-    Row<ModeRequest>(SetMode, "set the parameters of a device", {}, Answer::None),
+    Row<ModeRequest, SetDevice>(SetMode, "set the parameters of a device", {}, Answer::None),
     Row<CodeRequest, StoreCode>(StoreSerialCode, "store an RS232 text", {}, Answer::None),
 };
 

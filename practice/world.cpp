@@ -5,8 +5,7 @@ using namespace Qt::StringLiterals;
 World World::LivingRoom() {
     World world;
     world.remotes = LivingRoomRemotes();
-    world.translatorSets = {u"Wohnzimmer"_s, u"Demo"_s};
-    world.databaseSets = {u"Haus"_s};
+    world.AddLivingRoomSets();
     world.buses = LivingRoomBuses();
     world.analogInputs = {{{1, 128}, {1, 17}, {2, 2150}, {2, -550}}};
     world.pageFiles = {

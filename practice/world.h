@@ -1,5 +1,7 @@
 #pragma once
 
+#include "practice/set_shelf.h"
+
 #include "link/replies.h"
 
 #include <QStringList>
@@ -7,6 +9,9 @@
 #include <map>
 #include <optional>
 #include <vector>
+
+/// What stands in `HotRemote2` of a device that a MAC address wakes; the address is in `HotCommand2` then.
+constexpr QStringView LanMarker = u"@@@~~~LAN~~~@@@";
 
 /// What the practice server pretends to have: learned remotes, stored sets, buses with their devices, analog
 /// inputs and page files.
@@ -37,8 +42,8 @@ struct World {
     };
 
     std::vector<Remote> remotes;
-    QStringList translatorSets;
-    QStringList databaseSets;
+    SetShelf translatorSets{QStringLiteral(".translator"), 0, TranslatorRequest::Size};
+    SetShelf databaseSets{QStringLiteral(".database"), IRDBGlobalRecord::Size, IRDBElementRecord::Size};
     std::vector<Bus> buses; ///< at most 64
     std::array<AnalogInput, 8> analogInputs;
     std::vector<PageFile> pageFiles;
@@ -58,10 +63,23 @@ struct World {
     /// which would mark the result of a flash.
     std::optional<QString> FindCode(const QString& remote, const QString& command) const;
 
+    /// The device that a `DeviceTag` names; `entry` is null if there is none.
+    struct DevicePlace {
+        int bus = 0;
+        int address = 0;
+        DeviceEntry* entry = nullptr;
+    };
+
+    /// A tag is bus * 256 + address. A device that is alone in the world goes by its plain address as well.
+    DevicePlace FindDevice(int tag);
+
     /// Adds a remote with so many commands.
     void AddLargeRemote(int commands);
     /// Adds remotes until there are so many.
     void AddRemotesUpTo(int count);
+
+    /// Stores sets of both kinds, with more than a page each.
+    void AddLivingRoomSets();
 
     /// A living room with what its panel needs, and one bus more than a page of the status holds.
     static World LivingRoom();

@@ -96,7 +96,7 @@ constexpr BusRow busRows[] = {
 
 // The LAN controller is woken by its address and not by a command.
 void AddLanMarker(DeviceEntry& entry) {
-    entry.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
+    entry.HotRemote2 = LanMarker.toString();
     entry.HotCommand2 = QByteArray::fromHex("0204A1B2C3D4");
 }
 
@@ -126,6 +126,26 @@ DeviceEntry MakeDevice(const DeviceRow& row) {
 }
 
 } // namespace
+
+World::DevicePlace World::FindDevice(int tag) {
+    DevicePlace place{tag / 256, tag % 256};
+    if (place.bus >= 0 && place.bus < int(buses.size())) {
+        auto& devices = buses[place.bus].devices;
+        if (const auto found = devices.find(place.address); found != devices.end()) {
+            place.entry = &found->second;
+            return place;
+        }
+    }
+    DevicePlace only;
+    int count = 0;
+    for (size_t bus = 0; bus < buses.size(); ++bus) {
+        for (auto& [address, entry] : buses[bus].devices) {
+            only = {int(bus), address, &entry};
+            ++count;
+        }
+    }
+    return count == 1 && only.address == tag ? only : place;
+}
 
 std::vector<World::Bus> LivingRoomBuses() {
     std::vector<World::Bus> buses;
