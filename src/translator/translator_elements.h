@@ -7,6 +7,12 @@
 #include <variant>
 #include <vector>
 
+/// Bits of `ElementIO`.
+namespace TranslatorIo {
+constexpr int Flag = 0x80; ///< there is a condition
+constexpr int Input = 0x7F;
+} // namespace TranslatorIo
+
 /// The way from a tree to the elements of the wire and back.
 ///
 /// What comes back differs from what went out in these fields of tags alone: a type counts the steps of its

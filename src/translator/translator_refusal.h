@@ -24,7 +24,7 @@ struct TranslatorRefusal {
         TooManySteps,   ///< in the macro or toggle `name`
         TimeoutTooLong, ///< of the command `name`; `count` milliseconds
 
-        // Of a stored set: `element` is the position of the element that is at fault.
+        // Of a stored set: `element` is the number of the element that is at fault, from 1.
         UnknownType,     ///< `count` is its type
         NoContainer,     ///< its remote, group, shift key or command doesn't stand before it
         Twice,           ///< `name` stands at the same place already

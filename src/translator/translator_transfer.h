@@ -30,11 +30,11 @@ public:
     ~TranslatorTransfer() override;
 
     /// @name Starting a chain
-    /// Store and Load do nothing if `name` is blank.
+    /// Store and Load do nothing if `setName` is blank. `withNames` is the value of chkNames.
     /// @{
-    void Store(const QString& name, bool includeNames);
-    void Flash(qint16 deviceTag, bool includeNames);
-    void Load(const QString& name);
+    void Store(const QString& setName, bool withNames);
+    void Flash(qint16 device, bool withNames);
+    void Load(const QString& setName);
     /// @}
 
     bool IsRunning() const;
@@ -61,9 +61,10 @@ private:
         Loading,    ///< a page is awaited
     };
 
-    void Send(State sending, bool includeNames);
-    void SendElement(int index);
-    void SendRequest();
+    bool IsSending() const { return state == State::Storing || state == State::Flashing; }
+    void Begin(State sending, bool withNames);
+    bool SendElement(int index);
+    bool SendRequest();
     void TakeElementTaken(qint32 next);
     void TakeAcknowledgement();
     void TakeOverwrite();
@@ -72,8 +73,9 @@ private:
     void TakePage(const ListPage<TranslatorRequest>& page);
     void Fill();
     void GiveUp();
-    void End(State next, Outcome outcome);
+    void Fail(Outcome outcome);
     void Refuse(const TranslatorRefusal& refusal);
+    void End(State next, Outcome outcome);
 
     Session& session;
     KeyedTree& tree;
@@ -81,6 +83,7 @@ private:
     QString name;
     bool includeNames = false;
     qint16 deviceTag = 0;
+    int current = 0;                         ///< the element that is out
     std::vector<TranslatorRequest> elements; ///< that go out, or that have arrived
     int pagesAwaited = 0;                    ///< first pages of loads that the server has not sent
     bool isCollecting = false;               ///< a first page has arrived, and more is to follow
