@@ -94,7 +94,7 @@ QStringList FreeCommands(const KeyedTree& tree, const QString& selectedKey, cons
 }
 
 QString ContainerForNew(const KeyedTree& tree, const QString& selectedKey, TranslatorKind kind) {
-    const QString container = ContainerOfSelected(tree, selectedKey);
+    QString container = ContainerOfSelected(tree, selectedKey);
     if (kind == TranslatorKind::Command || kind == TranslatorKind::Macro)
         return container;
     // Groups and shift keys ask for a selected container; a send step stands for the one around it.

@@ -4,6 +4,8 @@
 
 #include <QPointer>
 
+#include <utility>
+
 TranslatorTransfer::TranslatorTransfer(Session& session, KeyedTree& tree, QObject* parent)
     : QObject(parent)
     , session(session)
@@ -15,7 +17,7 @@ TranslatorTransfer::TranslatorTransfer(Session& session, KeyedTree& tree, QObjec
     connect(&session, &Session::SaveConfirmed, this, &This::TakeConfirmation);
     connect(&session, &Session::TranslatorFlashEnded, this, &This::TakeFlashEnd);
     connect(&session, &Session::TranslatorPageReceived, this, &This::TakePage);
-    connect(&session, &Session::ErrorReported, this, [this] { Fail(Outcome::Failed); });
+    connect(&session, &Session::ErrorReported, this, &This::TakeError);
     // Nothing that was asked for over the last connection is answered over the next.
     connect(&session, &Session::LinkFailed, this, [this] { Fail(Outcome::LinkLost); });
     connect(&session, &Session::LinkUp, this, [this] { Fail(Outcome::LinkLost); });
@@ -82,13 +84,21 @@ bool TranslatorTransfer::SendRequest() {
     state = State::StoreAsked;
     if (!session.SendRemoteCommand(Netcommand::StoreTranslator, name, {}, qint32(session.SaveState)))
         return false;
-    session.SaveState = SaveStateKind::Unchanged;
+    sentState = std::exchange(session.SaveState, SaveStateKind::Unchanged);
     return true;
 }
 
 void TranslatorTransfer::TakeAcknowledgement() {
     if (state == State::StoreAsked)
         End(State::Stored, Outcome::Stored);
+}
+
+void TranslatorTransfer::TakeError() {
+    // The box "IR Error" tells it. To a store this is an answer.
+    if (state == State::StoreAsked)
+        End(State::Idle, Outcome::Failed);
+    else
+        Fail(Outcome::Failed);
 }
 
 void TranslatorTransfer::TakeOverwrite() {
@@ -165,6 +175,10 @@ void TranslatorTransfer::GiveUp() {
     // The acknowledgement of the element that is out must not take another reply's place.
     if (IsSending() && session.PendingOp == Pending::TranslatorElement)
         session.PendingOp = Pending::None;
+    // Whether that name is taken has not been answered: the next store must not replace a file unasked.
+    if (state == State::StoreAsked && sentState != SaveStateKind::Unchanged &&
+        session.SaveState == SaveStateKind::Unchanged)
+        session.SaveState = SaveStateKind::Named;
     state = State::Idle;
     elements.clear();
     pagesAwaited = 0;

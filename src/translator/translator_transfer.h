@@ -67,6 +67,7 @@ private:
     bool SendRequest();
     void TakeElementTaken(qint32 next);
     void TakeAcknowledgement();
+    void TakeError();
     void TakeOverwrite();
     void TakeConfirmation(SaveOwnerKind owner);
     void TakeFlashEnd(bool stored);
@@ -83,8 +84,9 @@ private:
     QString name;
     bool includeNames = false;
     qint16 deviceTag = 0;
-    int current = 0;                         ///< the element that is out
-    std::vector<TranslatorRequest> elements; ///< that go out, or that have arrived
-    int pagesAwaited = 0;                    ///< first pages of loads that the server has not sent
-    bool isCollecting = false;               ///< a first page has arrived, and more is to follow
+    SaveStateKind sentState = SaveStateKind::Unchanged; ///< with the store request that is out
+    int current = 0;                                    ///< the element that is out
+    std::vector<TranslatorRequest> elements;            ///< that go out, or that have arrived
+    int pagesAwaited = 0;                               ///< first pages of loads that the server has not sent
+    bool isCollecting = false;                          ///< a first page has arrived, and more is to follow
 };

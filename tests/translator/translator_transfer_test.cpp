@@ -164,6 +164,13 @@ private slots:
         rig.transfer->Store(u"b"_s, false);
         QCOMPARE(rig.Play(Raw::Ack().repeated(4)), u"#0, #1, #2, 22 b/ 1 | 1/3, 2/3, 3/3, Stored"_s);
 
+        // Whether the name is taken was not answered: it is asked again.
+        rig.session.SaveState = SaveStateKind::Confirmed;
+        rig.transfer->Store(u"c"_s, false);
+        QCOMPARE(rig.Play(Raw::Ack().repeated(3)), u"#0, #1, #2, 22 c/ 2 | 1/3, 2/3, 3/3"_s);
+        rig.transfer->Store(u"c"_s, false);
+        QCOMPARE(rig.Play(Raw::Ack().repeated(3)), u"#0, #1, #2, 22 c/ 1 | 1/3, 2/3, 3/3"_s);
+
         // A load isn't taken for the acknowledgement that never came.
         rig.transfer->Store(u"c"_s, false);
         rig.transfer->Load(u" c"_s);
