@@ -124,4 +124,7 @@ QString ToTag(Values& values);
 /// disabled.
 void DefaultClicked(Values& values);
 
+/// How many characters txtAction takes. What a tag brings may be longer than what can be typed and isn't cut.
+int ActionLimit(const Values& values);
+
 } // namespace RemoteDialog

@@ -23,6 +23,11 @@ public:
 
     State Current() const { return state; }
 
+    /// To be called when a transfer has ended. The acknowledgement of an element takes whatever reply comes
+    /// next, so a transfer that began while the chain ran may have swallowed an answer; the chain finds out
+    /// and asks again.
+    void Recover();
+
 signals:
     /// The tree holds the remotes; `names` are all of them as listed, for the lists of the analog inputs.
     void RemotesListed(const QStringList& names);
@@ -31,18 +36,24 @@ signals:
 
 private:
     void TakeNames(ReplyType type);
+    void TakeRemotes();
     void TakeCommands(int target);
-    void TakeError();
-    void FillRemoteList();
-    void FillCommands();
-    void AskForNext();
-    void AskForSets();
+    void TakeSets();
+    void Probe(bool mayBeLost);
+    void EndProbe();
+    void Advance();
+    void Ask();
+    void Stop();
 
     Session& session;
     KeyedTree& tree;
     State state = State::Idle;
     QStringList remotes;
     int remoteIndex = 0; ///< the remote whose commands are being fetched
-    bool answered = false;
-    bool probing = false; ///< an error came; the answer to a later request will tell whom it was for
+
+    // An error names no request. Replies come in the order of the requests, so the answer to a request behind
+    // it tells whether the chain's own request was answered.
+    bool isProbing = false;
+    bool isAnswered = false; ///< since the probe went out
+    bool mayBeLost = false;  ///< without an answer, ask again; else go on without
 };

@@ -28,11 +28,11 @@ public:
 
     enum class Outcome {
         Stored,
-        FileExists, ///< the user is being asked; a confirmed save starts again by itself
+        FileExists, ///< the user is being asked; once confirmed, the same save starts again by itself
         Flashed,
         FlashFailed,
         Loaded,
-        Refused,  ///< the server reported an error; should its answer come all the same, it is taken
+        Refused,  ///< the server reported an error; should a page of a load come all the same, it is taken
         LinkLost, ///< or a request didn't go out
     };
     Q_ENUM(Outcome)
@@ -64,33 +64,46 @@ signals:
     void Ended(DatabaseTransfer::Outcome outcome);
 
 private:
-    void Begin(State final, const DatabaseSettings& settings);
-    void GiveUp();
+    /// What a save or flash sends.
+    struct Job {
+        State finalState = State::Idle; ///< StoreOut or FlashOut: what follows the last element
+        QString name;
+        int deviceTag = 0;
+        IRDBGlobalRecord global;
+        std::vector<DatabaseTree::Marked> nodes;
+        int total = 0; ///< elements of all nodes
+    };
+
+    Job MakeJob(State finalState, const DatabaseSettings& settings) const;
+    void Begin();
     void SendNext();
     void SendFinal();
-    void Await(State next, qint32 index);
+    IRDBElementRecord NextElement();
+    void Await(State next, int index, bool sent);
+    void GiveUp();
+
     void TakeElementAnswer();
     void TakeGlobal(const PageHead& head, const IRDBGlobalRecord& global);
     void TakePage(const ListPage<IRDBElementRecord>& page);
-    void Continue(const PageHead& head);
+    void GoOnWith(const PageHead& head, bool more);
     void AddUnknown(const QString& remote, const QString& command);
+    void TakeError();
+    void LoseLink();
     void End(Outcome outcome);
 
     Session& session;
     KeyedTree& tree;
     State state = State::Idle;
 
-    State finalState = State::Idle; ///< StoreOut or FlashOut: what follows the last element
-    QString name;
-    int deviceTag = 0;
-    DatabaseSettings settings; ///< of the last save, for the case that it is confirmed
-    std::vector<DatabaseTree::Marked> nodes;
-    size_t node = 0; ///< the next one of `nodes`
+    Job job;         ///< of the last save or flash; a save may be confirmed after its end
+    size_t node = 0; ///< the next one of the job's nodes
     int group = 0;   ///< its next action group
     int elements = 0;
-    int total = 0;
 
-    int nextIndex = 0; ///< index of the element with which the page that is due begins
+    int nextIndex = 0;       ///< index of the element with which the page that is due begins
+    int globalsDue = 0;      ///< loads of this connection whose first page hasn't come
+    bool strayPages = false; ///< a load was given up, so pages may come that nobody waits for
+    bool wasRefused = false; ///< told for this load
     QStringList unknown;
     QSet<QString> unknownKeys;
 };
