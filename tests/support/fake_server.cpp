@@ -4,11 +4,15 @@
 
 namespace {
 
-int SizeOfRecord(int netcommand) {
-    switch (netcommand) {
+constexpr int ElementKindAt = 17; // in both records of netcommand 46
+
+/// Of the record that begins `pending`, as far as that shows yet.
+int SizeOfRecord(const QByteArray& pending) {
+    switch (quint8(pending[0])) {
     case 0: return 4;
     case 20: return 136;
     case 29: return 214;
+    case 46: return pending.size() > ElementKindAt && pending[ElementKindAt] == 9 ? 1264 : 392;
     case 61: return 272;
     case 68:
     case 71: return 5512;
@@ -27,6 +31,14 @@ QString Describe(const QByteArray& record) {
     const int netcommand = quint8(record[0]);
     if (netcommand == 0)
         return QStringLiteral("hello");
+    if (netcommand == 46) {
+        const int kind = record[ElementKindAt];
+        return kind == 9 ? QStringLiteral("46 global")
+                         : QStringLiteral("46 kind %1 number %2 %3/%4")
+                               .arg(kind)
+                               .arg(qFromLittleEndian<qint32>(record.constData() + 12))
+                               .arg(TextAt(record, 36, 80), TextAt(record, 116, 20));
+    }
     const auto param = qFromLittleEndian<qint32>(record.constData() + 4);
     const QString what = netcommand == 61 ? QString::fromLatin1(record.sliced(16, quint8(record[12])))
                                           : TextAt(record, 12, 80) + u'/' + TextAt(record, 92, 20);
@@ -59,8 +71,8 @@ FakeServer::FakeServer() {
 
 void FakeServer::CutRecords() {
     pending += client->readAll();
-    while (!pending.isEmpty() && pending.size() >= SizeOfRecord(quint8(pending[0]))) {
-        records.push_back(pending.first(SizeOfRecord(quint8(pending[0]))));
+    while (!pending.isEmpty() && pending.size() >= SizeOfRecord(pending)) {
+        records.push_back(pending.first(SizeOfRecord(pending)));
         pending.remove(0, records.back().size());
         log += Describe(records.back());
         arrivals.push_back(clock.elapsed());
