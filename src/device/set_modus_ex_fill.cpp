@@ -1,20 +1,15 @@
 #include "device/capabilities.h"
 #include "device/device_names.h"
 #include "device/ext_capabilities.h"
+#include "device/mac_text.h"
 #include "device/set_modus_ex_clicks.h"
 #include "device/set_modus_ex_lists.h"
 #include "device/set_modus_ex_record.h"
 #include "device/set_modus_ex_rules.h"
 
-using namespace Qt::StringLiterals;
-
 namespace ModusEx {
 
 namespace {
-
-/// In the place of a remote: the command holds the six bytes of a MAC address.
-constexpr QStringView LanMarker = u"@@@~~~LAN~~~@@@";
-constexpr int MacLength = 6;
 
 /// A network device that has no power-on command either.
 constexpr char16_t WakeOnly = u'W';
@@ -166,7 +161,7 @@ private:
             state.SetOn(Box::USBWakeup, true);
 
         if (isWakeOnly || IsKind(entry, {DeviceKind::Network, DeviceKind::NetworkToo})) {
-            OfferText(Text::MAC, entry.HotRemote2.startsWith(LanMarker) ? MacText() : QString());
+            OfferText(Text::MAC, MacText(entry));
         } else if (Has(Capability::PowerOff)) {
             OfferText(Text::Hotremote2, entry.HotRemote2);
             OfferText(Text::Hotcommand2,
@@ -177,11 +172,6 @@ private:
     void OfferText(Text text, const QString& content) {
         state.Enable(text, true);
         state.SetContent(text, content);
-    }
-
-    QString MacText() const {
-        const QByteArray mac = entry.HotCommand2.leftJustified(MacLength, '\0', true);
-        return QString::fromLatin1(mac.toHex('-')).toUpper();
     }
 
     /// As relay or RS232; and takes from the list what the device doesn't have.

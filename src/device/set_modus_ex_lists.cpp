@@ -2,6 +2,7 @@
 
 #include "device/capabilities.h"
 #include "device/ext_capabilities.h"
+#include "device/set_modus_state.h"
 
 #include <numeric>
 
@@ -70,7 +71,7 @@ std::vector<int> DesignedCodes(List list) {
     case List::AuxBaudrate: return CountTo(6);
     case List::Parity: return CountTo(3);
     case List::SBUS: return CountTo(FastestBus + 1);
-    case List::Date: return {0, 1, 2, 4, 5, 6, 8, 9, 10};
+    case List::Date: return {SetModusList::Dates.begin(), SetModusList::Dates.end()};
     case List::Aktiv:
     case List::Inaktiv: return CountTo(BrightnessOff);
     default: return {};
