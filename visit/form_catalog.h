@@ -1,12 +1,12 @@
 #pragma once
 
 #include "database/frmIRDBStatus.h"
-#include "learn/frmProgramm.h"
-#include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
-#include "device/frmStartupText.h"
 #include "device/frmSetModusEx.h"
+#include "device/frmStartupText.h"
+#include "learn/frmCCF.h"
+#include "learn/frmProgramm.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
@@ -27,6 +27,8 @@ inline std::vector<DeviceBus> CatalogBuses() {
     DeviceEntry lan = usb;
     lan.Version = QStringLiteral("G6.05.10");
     return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
+}
+
 /// A device whose extended settings are nearly all on offer.
 inline DeviceEntry CatalogExtendedDevice() {
     DeviceEntry entry;
@@ -46,18 +48,15 @@ inline DeviceEntry CatalogExtendedDevice() {
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
     return {
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
+        new frmDeviceMode(services, CatalogBuses(), parent),
         new frmIP(services, parent),
         new frmIRDBStatus(services, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
-        new frmDeviceMode(services, CatalogBuses(), parent),
-        new frmIP(services, parent),
-        new frmIRDBStatus(services, parent),
-        new frmLog(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
-        new frmStartupText(services, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
+        new frmStartupText(services, parent),
         new frmTranslatorWait(services, parent),
     };
 }
