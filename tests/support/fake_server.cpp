@@ -32,7 +32,7 @@ QString Describe(const QByteArray& record) {
     if (netcommand == 0)
         return QStringLiteral("hello");
     if (netcommand == 46) {
-        const int kind = record[ElementKindAt];
+        const int kind = quint8(record[ElementKindAt]);
         return kind == 9 ? QStringLiteral("46 global")
                          : QStringLiteral("46 kind %1 number %2 %3/%4")
                                .arg(kind)
