@@ -1,5 +1,6 @@
 #include "app/menu_forms.h"
 
+#include "device/device_settings_view.h"
 #include "forms/controls.h"
 
 #include <QHash>
@@ -29,7 +30,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
         else
             TellNoDevice(u"No Vantrel Translator connected to your system."_s);
     });
-    connect(&status, &StatusStore::DevicesWanted, this, [this] { TellMissing(u"mnuModus(10)"_s); });
+    connect(&status, &StatusStore::DevicesWanted, this, &MenuForms::OpenDevices);
     connect(&status, &StatusStore::BusesLeftOut, this, [this] {
         this->services.boxes.Show(
             {QMessageBox::Warning,
@@ -75,6 +76,18 @@ void MenuForms::RequestStatus(Purpose purpose) {
     }
     if (purpose == Purpose::Translator || purpose == Purpose::Database)
         wait.Load(services, mainWindow).ShowModeless();
+}
+
+void MenuForms::OpenDevices() {
+    // A status that nobody asked for puts no second dialog over the one that is up.
+    if (devices.Loaded() != nullptr || (settings && settings->isVisible()))
+        return;
+    const auto buses = ReadBuses(status);
+    if (const auto only = OnlyDevice(buses))
+        settings = OpenDeviceSettings(services, *FindDevice(buses, *only), *only, DeviceOrigin::Single,
+                                      mainWindow, [] {});
+    else
+        devices.Load(services, buses, mainWindow).ShowModal();
 }
 
 void MenuForms::UnloadWait() {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "device/frmDeviceMode.h"
 #include "forms/form_slot.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
@@ -25,6 +26,8 @@ private:
     enum class Purpose { Devices, Translator, Database, Html };
 
     void RequestStatus(Purpose purpose);
+    /// The settings of the only device, or all devices.
+    void OpenDevices();
     void UnloadWait();
     /// Tells that what the menu entry of this control name opens isn't part of the program yet.
     void TellMissing(const QString& entry);
@@ -34,5 +37,7 @@ private:
     QWidget* mainWindow;
     StatusStore status;
     FormSlot<frmIP> address;
+    FormSlot<frmDeviceMode> devices;
+    QPointer<Form> settings; ///< of the only device
     FormSlot<frmTranslatorWait> wait;
 };

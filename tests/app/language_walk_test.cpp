@@ -82,11 +82,11 @@ private slots:
         frmRemote window(services, [] { return QString(); });
         QSet<QString> seen = KeysInSources();
         Take(window, seen, true);
-        // These two keep their built-in texts in every language.
+        // These keep their built-in texts in every language.
         for (Form* form : MakeAllForms(services, &window)) {
-            const bool isTranslated = form->objectName() != u"frmIRDBStatus" &&
-                                      form->objectName() != u"frmLog" &&
-                                      form->objectName() != u"frmTranslatorWait";
+            const bool isTranslated =
+                form->objectName() != u"frmIRDBStatus" && form->objectName() != u"frmLog" &&
+                form->objectName() != u"frmStartupText" && form->objectName() != u"frmTranslatorWait";
             Take(*form, seen, isTranslated);
             delete form;
         }
