@@ -14,7 +14,8 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     , status(services.session) {
     connect(&services.session, &Session::ErrorReported, this, &MenuForms::UnloadWait);
     connect(&services.session, &Session::LinkFailed, this, &MenuForms::UnloadWait);
-    connect(&status, &StatusStore::HtmlWanted, this, [this] { TellMissing(u"mnuModus(15)"_s); });
+    connect(&status, &StatusStore::HtmlWanted, this,
+            [this] { html.Load(this->services, this->status, this->mainWindow).ShowModal(); });
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
@@ -48,8 +49,6 @@ void MenuForms::Open(const QString& name) {
     };
     static const QSet<QString> missing = {
         u"mnuModus(11)"_s,
-        u"mnuIO(10)"_s,
-        u"mnuAbout(10)"_s,
     };
     if (const auto entry = statusEntries.find(name); entry != statusEntries.end())
         RequestStatus(*entry);
@@ -59,6 +58,10 @@ void MenuForms::Open(const QString& name) {
         OpenAddress();
     else if (name == u"mnuSendItem(10)")
         freeSend.Load(services, mainWindow).ShowModal();
+    else if (name == u"mnuIO(10)")
+        analogInputs.Load(services, mainWindow).ShowModeless();
+    else if (name == u"mnuAbout(10)")
+        about.Load(services, mainWindow->windowTitle(), mainWindow).ShowModeless();
 }
 
 void MenuForms::OpenAddress() {

@@ -3,6 +3,9 @@
 #include "forms/form_slot.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
+#include "tools/frmAbout.h"
+#include "tools/frmAnalogIO.h"
+#include "tools/frmHTML.h"
 #include "tools/frmSendFree.h"
 #include "translator/frmTranslatorWait.h"
 
@@ -36,5 +39,8 @@ private:
     StatusStore status;
     FormSlot<frmIP> address;
     FormSlot<frmSendFree> freeSend;
+    FormSlot<frmAnalogIO> analogInputs;
+    FormSlot<frmAbout> about;
+    FormSlot<frmHTML> html;
     FormSlot<frmTranslatorWait> wait;
 };

@@ -88,12 +88,11 @@ private slots:
         frmRemote window(services, [] { return QString(); });
         QSet<QString> seen = KeysInSources();
         Take(window, seen, true);
-        // These two keep their built-in texts in every language.
+        // These keep their built-in texts in every language.
+        const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s, u"frmIRDBStatus"_s, u"frmLog"_s,
+                                       u"frmTranslatorWait"_s};
         for (Form* form : MakeAllForms(services, &window)) {
-            const bool isTranslated = form->objectName() != u"frmIRDBStatus" &&
-                                      form->objectName() != u"frmLog" &&
-                                      form->objectName() != u"frmTranslatorWait";
-            Take(*form, seen, isTranslated);
+            Take(*form, seen, !builtIn.contains(form->objectName()));
             delete form;
         }
         QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());

@@ -4,8 +4,12 @@
 
 namespace {
 
-int SizeOfRecord(int netcommand) {
-    switch (netcommand) {
+constexpr char LineStart = 'A'; ///< of the lines of the text protocol; no netcommand has its number
+
+/// Of the record that `bytes` begin with; a line that isn't whole is as long as no record.
+qsizetype SizeOfRecord(const QByteArray& bytes) {
+    switch (quint8(bytes[0])) {
+    case LineStart: return bytes.contains("\r\n") ? bytes.indexOf("\r\n") + 2 : bytes.size() + 1;
     case 0: return 4;
     case 20: return 136;
     case 29: return 214;
@@ -24,6 +28,8 @@ QString TextAt(const QByteArray& record, int offset, int width) {
 }
 
 QString Describe(const QByteArray& record) {
+    if (record[0] == LineStart)
+        return QString::fromLatin1(record.chopped(2));
     const int netcommand = quint8(record[0]);
     if (netcommand == 0)
         return QStringLiteral("hello");
@@ -59,8 +65,8 @@ FakeServer::FakeServer() {
 
 void FakeServer::CutRecords() {
     pending += client->readAll();
-    while (!pending.isEmpty() && pending.size() >= SizeOfRecord(quint8(pending[0]))) {
-        records.push_back(pending.first(SizeOfRecord(quint8(pending[0]))));
+    while (!pending.isEmpty() && pending.size() >= SizeOfRecord(pending)) {
+        records.push_back(pending.first(SizeOfRecord(pending)));
         pending.remove(0, records.back().size());
         log += Describe(records.back());
         arrivals.push_back(clock.elapsed());
