@@ -20,7 +20,8 @@ ClientLink::ClientLink(QTcpSocket* socket, Practice& practice, QObject* parent)
     : QObject(parent)
     , socket(socket)
     , practice(practice)
-    , sender(*socket, practice.faults) {
+    , sender(*socket, practice.faults)
+    , learner(*this) {
     socket->setParent(this);
     socket->setSocketOption(QAbstractSocket::LowDelayOption, 1);
     // Unread bytes must stay with the system, so that the client feels them.
@@ -92,6 +93,7 @@ void ClientLink::TakeRequests() {
 
 void ClientLink::TakeRecord() {
     row = reader.Row();
+    answered = quint8(row->netcommand);
     const QByteArray bytes = reader.Bytes();
     ++practice.records;
     emit RecordReceived(bytes);
@@ -107,6 +109,7 @@ void ClientLink::TakeRecord() {
 
 void ClientLink::TakeLine() {
     row = nullptr;
+    answered = quint8(TextLineMark);
     AnswerTextLine(*this, reader.Bytes());
 }
 
@@ -129,8 +132,7 @@ void ClientLink::AnswerWithoutHandler() {
 }
 
 void ClientLink::Answer(const QByteArray& frame, const QString& words) {
-    const quint8 netcommand = row ? quint8(row->netcommand) : quint8(TextLineMark);
-    if (practice.faults.silent || practice.faults.silentFor.contains(netcommand)) {
+    if (practice.faults.silent || practice.faults.silentFor.contains(answered)) {
         emit Said(u"kept silent: "_s + words);
         return;
     }

@@ -1,14 +1,18 @@
 #pragma once
 
 #include "practice/handlers.h"
+#include "practice/learner.h"
+#include "practice/outcomes.h"
 #include "practice/reply_sender.h"
 #include "practice/request_reader.h"
+#include "practice/set_transfer.h"
 #include "practice/world.h"
 
 /// What all connections of a server share.
 struct Practice {
     World world;
     Faults faults;
+    Outcomes outcomes;
     int records = 0;   ///< whole records that arrived
     int malformed = 0; ///< records, lines and hellos with a fault
 };
@@ -22,8 +26,10 @@ public:
     /// Takes ownership of the socket. `practice` must outlive the link.
     ClientLink(QTcpSocket* socket, Practice& practice, QObject* parent);
 
-    const World& GetWorld() const { return practice.world; }
+    World& GetWorld() { return practice.world; }
     const Faults& GetFaults() const { return practice.faults; }
+    const Outcomes& GetOutcomes() const { return practice.outcomes; }
+    Learner& GetLearner() { return learner; }
 
     /// The answers, for the handlers. Each is one frame on the wire and one line in words.
     void Acknowledge();
@@ -31,6 +37,10 @@ public:
     void Reply(ReplyType type, QByteArrayView payload, const QString& words);
     void Frame(const QString& text); ///< a text frame; at most 99,991 characters are sent
     void Log(const QString& text);
+
+    /// Answers from now on belong to this netcommand, until the next request. For a handler that answers
+    /// later.
+    void AnswerFor(Netcommand netcommand) { answered = quint8(netcommand); }
 
     /// Reports a fault of the request at hand and answers it.
     void Malformed(const QStringList& faults);
@@ -45,6 +55,9 @@ public:
 
     /// The remote whose commands were listed last. Requests for further pages don't name it.
     QString listedRemote;
+    /// The sets that are on their way.
+    SetTransfer translator;
+    SetTransfer database;
 
 signals:
     void Said(const QString& words);
@@ -68,4 +81,6 @@ private:
     ReplySender sender;
     RequestReader reader;
     const RequestRow* row = nullptr; ///< of the request at hand; null for a text line
+    quint8 answered = 0;             ///< netcommand to which answers belong
+    Learner learner;
 };

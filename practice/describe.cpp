@@ -17,6 +17,12 @@ QString DescribeLed(quint32 param) {
     return u"LED %1%2"_s.arg(names[low], odd);
 }
 
+QByteArrayView WithoutFill(QByteArrayView raw, char fill) {
+    while (raw.endsWith(fill))
+        raw.chop(1);
+    return raw;
+}
+
 } // namespace
 
 QString DescribeSendParam(qint32 param) {
@@ -55,13 +61,23 @@ void RecordDescriber::Text(const char* name, int, int, Wire::TextForm, const QSt
 }
 
 void RecordDescriber::Raw(const char* name, int, int, char fill, const QByteArray& raw) {
-    QByteArrayView used = raw;
-    while (used.endsWith(fill))
-        used.chop(1);
+    const QByteArrayView used = WithoutFill(raw, fill);
     if (!used.isEmpty())
         Add(name, Quoted(FromCodePage(used)));
 }
 
 void RecordDescriber::Add(const char* name, const QString& value) {
     words.append(QLatin1StringView(name) + u' ' + value);
+}
+
+void FieldLister::Text(const char* name, int, int, Wire::TextForm, const QString& text) {
+    Add(name, Quoted(text));
+}
+
+void FieldLister::Raw(const char* name, int, int, char fill, const QByteArray& raw) {
+    Add(name, Quoted(FromCodePage(WithoutFill(raw, fill))));
+}
+
+void FieldLister::Add(const char* name, const QString& value) {
+    fields.push_back({QString::fromLatin1(name), value});
 }

@@ -1,50 +1,25 @@
 #include "practice/faults.h"
 
+#include "practice/option_values.h"
+
 #include <QCommandLineParser>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Reads the values of options and keeps the first fault.
-class Values {
-public:
-    Values(const QCommandLineParser& parser, QString& error)
-        : parser(parser)
-        , error(error) {}
-
-    int Number(const QString& option, int most) { return Parse(option, parser.value(option), most); }
-
-    int Parse(const QString& option, const QString& text, int most) {
-        bool ok = false;
-        const int value = text.toInt(&ok);
-        if (ok && value >= 0 && value <= most)
-            return value;
-        Fail(option, text, u"a number from 0 to %1"_s.arg(most));
-        return 0;
-    }
-
-    void Fail(const QString& option, const QString& text, const QString& expected) {
-        if (error.isEmpty())
-            error = u"--%1: \"%2\" is not %3"_s.arg(option, text, expected);
-    }
-
-    /// "n:k": behind k bytes of answer n.
-    void Cut(const QString& option, Faults::Cut cut, Faults& faults) {
-        if (!parser.isSet(option))
-            return;
-        const QStringList parts = parser.value(option).split(u':');
-        if (parts.size() != 2)
-            return Fail(option, parser.value(option), u"two numbers with a colon between them"_s);
-        faults.cut = cut;
-        faults.cutAnswer = Parse(option, parts[0], 1'000'000);
-        faults.cutBytes = Parse(option, parts[1], 100'000);
-    }
-
-private:
-    const QCommandLineParser& parser;
-    QString& error;
-};
+/// "n:k": behind k bytes of answer n.
+void ReadCut(const QCommandLineParser& parser, OptionValues& values, const QString& option, Faults::Cut cut,
+             Faults& faults) {
+    if (!parser.isSet(option))
+        return;
+    const QStringList parts = parser.value(option).split(u':');
+    if (parts.size() != 2)
+        return values.Fail(option, parser.value(option), u"two numbers with a colon between them"_s);
+    faults.cut = cut;
+    faults.cutAnswer = values.Parse(option, parts[0], 1'000'000);
+    faults.cutBytes = values.Parse(option, parts[1], 100'000);
+}
 
 } // namespace
 
@@ -66,7 +41,7 @@ void AddFaultOptions(QCommandLineParser& parser) {
 
 std::optional<Faults> ReadFaultOptions(const QCommandLineParser& parser, QString& error) {
     error.clear();
-    Values values(parser, error);
+    OptionValues values(parser, error);
     Faults faults;
     faults.pieceSize = values.Number(u"pieces"_s, 100'000);
     faults.delay = values.Number(u"delay"_s, 3'600'000);
@@ -74,8 +49,8 @@ std::optional<Faults> ReadFaultOptions(const QCommandLineParser& parser, QString
     faults.silent = parser.isSet(u"silent"_s);
     for (const QString& text : parser.values(u"silent-for"_s))
         faults.silentFor.insert(quint8(values.Parse(u"silent-for"_s, text, 255)));
-    values.Cut(u"close"_s, Faults::Cut::Close, faults);
-    values.Cut(u"reset"_s, Faults::Cut::Reset, faults);
+    ReadCut(parser, values, u"close"_s, Faults::Cut::Close, faults);
+    ReadCut(parser, values, u"reset"_s, Faults::Cut::Reset, faults);
     faults.logsBefore = values.Number(u"logs"_s, 1000);
     faults.twice = parser.isSet(u"twice"_s);
     faults.neverRead = parser.isSet(u"never-read"_s);

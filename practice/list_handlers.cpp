@@ -1,7 +1,6 @@
 #include "practice/client_link.h"
 #include "practice/describe.h"
-
-#include <algorithm>
+#include "practice/list_page.h"
 
 using namespace Qt::StringLiterals;
 
@@ -10,15 +9,10 @@ namespace {
 /// Sends the page of `all` that begins with entry `first`. `element` makes an element of an entry.
 template <class Element, class Entries, class Make>
 void SendPage(ClientLink& link, ReplyType type, const Entries& all, int first, Make element) {
-    const int total = int(all.size());
-    const int count = std::clamp(total - first, 0, ElementsPerPage<Element>);
-    const bool more = first + count < total && count > 0;
-    ListPage<Element> page{{qint16(first), qint16(count), qint16(total), qint16(more)}, {}};
-    for (int i = first; i < first + count; ++i)
+    ListPage<Element> page{MakePageHead(qsizetype(all.size()), first, ElementsPerPage<Element>), {}};
+    for (int i = first; i < first + page.head.Count; ++i)
         page.elements.push_back(element(all[i]));
-    link.Reply(type, EncodePage(page),
-               u"%1 of %2 entries from %3 on, %4"_s.arg(count).arg(total).arg(first).arg(
-                   more ? u"more follow"_s : u"the last"_s));
+    link.Reply(type, EncodePage(page), DescribePage(page.head));
 }
 
 void SendNames(ClientLink& link, ReplyType type, const QStringList& names, int first) {
@@ -40,15 +34,15 @@ void ListCommandNames(ClientLink& link, const CommandRequest& request) {
         return link.Result(PracticeResult::NotThere, 0,
                            u"There is no remote control %1."_s.arg(Quoted(link.listedRemote)));
     SendPage<CommandElement>(link, ReplyType::Commands, remote->commands, request.param,
-                             [](const QString& name) { return CommandElement{name}; });
+                             [](const World::Command& command) { return CommandElement{command.name}; });
 }
 
 void ListTranslatorSets(ClientLink& link, const CommandRequest& request) {
-    SendNames(link, ReplyType::TranslatorSets, link.GetWorld().translatorSets, request.param);
+    SendNames(link, ReplyType::TranslatorSets, link.GetWorld().translatorSets.Names(), request.param);
 }
 
 void ListDatabaseSets(ClientLink& link, const CommandRequest& request) {
-    SendNames(link, ReplyType::DatabaseSets, link.GetWorld().databaseSets, request.param);
+    SendNames(link, ReplyType::DatabaseSets, link.GetWorld().databaseSets.Names(), request.param);
 }
 
 void ListBusElements(ClientLink& link, const CommandRequest& request) {

@@ -1,4 +1,5 @@
 #include "practice/practice_server.h"
+#include "practice/world_options.h"
 
 #include <QCommandLineParser>
 #include <QCoreApplication>
@@ -35,6 +36,8 @@ int main(int argc, char** argv) {
          QString::number(PracticeServer::DefaultPort)},
         {u"exit-with-client"_s, u"End when the last client has left."_s},
     });
+    AddWorldOptions(parser);
+    AddOutcomeOptions(parser);
     AddFaultOptions(parser);
     parser.process(application);
 
@@ -49,9 +52,15 @@ int main(int argc, char** argv) {
     const auto faults = ReadFaultOptions(parser, error);
     if (!faults)
         return Fail(error);
+    const auto outcomes = ReadOutcomeOptions(parser, error);
+    if (!outcomes)
+        return Fail(error);
 
     PracticeServer server;
+    if (!ReadWorldOptions(parser, server.GetWorld(), error))
+        return Fail(error);
     server.GetFaults() = *faults;
+    server.GetOutcomes() = *outcomes;
     QObject::connect(&server, &PracticeServer::Said, &application, Print);
     if (parser.isSet(u"exit-with-client"_s))
         QObject::connect(&server, &PracticeServer::LastClientLeft, &application, &QCoreApplication::quit);

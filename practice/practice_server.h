@@ -22,6 +22,7 @@ public:
 
     World& GetWorld() { return practice.world; }
     Faults& GetFaults() { return practice.faults; }
+    Outcomes& GetOutcomes() { return practice.outcomes; }
 
     int Clients() const { return int(links.size()); }
     int Records() const { return practice.records; }

@@ -2,6 +2,7 @@
 
 #include "practice/describe.h"
 #include "practice/handlers.h"
+#include "practice/learn_param.h"
 
 using namespace Qt::StringLiterals;
 using Answer = RequestRow::Answer;
@@ -49,7 +50,7 @@ QString DescribeParam(Param use, qint32 param) {
     case Param::Index: return u", from entry %1"_s.arg(param);
     case Param::Slot: return u", slot %1"_s.arg(param);
     case Param::SaveState: return u", save state %1"_s.arg(param);
-    case Param::Learn: return u", learn parameters %1"_s.arg(quint32(param), 8, 16, QChar(u'0'));
+    case Param::Learn: break; // the whole request tells them
     case Param::DeviceTag: return u", bus %1, address %2"_s.arg(param / 256).arg(param % 256);
     }
     return {};
@@ -79,8 +80,8 @@ template <> QString Describe<CommandRequest>(const RequestRow& row, QByteArrayVi
     if (row.use.command)
         words += u' ' + Quoted(request.command);
     words += u" (timeout %1, carrier %2"_s.arg(request.timeout).arg(request.carrier);
-    if (row.use.remote == Remote::FlagByte)
-        words += u", flags %1"_s.arg(request.remote.isEmpty() ? 0 : request.remote[0].unicode());
+    if (row.use.param == Param::Learn)
+        return words + u", "_s + ReadLearnParam(request).Words() + u')';
     return words + DescribeParam(row.use.param, request.param) + u')';
 }
 
@@ -95,7 +96,12 @@ constexpr RequestRow Row(Netcommand netcommand, const char* purpose, CommandUse 
                          Answer answer = Answer::Awaited) {
     RequestRow row{netcommand, purpose, answer, use, Record::Size, Check<Record>, Describe<Record>, nullptr};
     if constexpr (!std::is_null_pointer_v<decltype(Handler)>)
-        row.handle = [](ClientLink& link, QByteArrayView bytes) { Handler(link, Decode<Record>(bytes)); };
+        row.handle = [](ClientLink& link, QByteArrayView bytes) {
+            if constexpr (std::is_invocable_v<decltype(Handler), ClientLink&, QByteArrayView>)
+                Handler(link, bytes);
+            else
+                Handler(link, Decode<Record>(bytes));
+        };
     return row;
 }
 
@@ -112,41 +118,44 @@ using enum Netcommand;
 
 constexpr std::array rows = {
     Row<General, SendIr>(SendCommand, "send", Names),
-    Row<General>(OpenRemote, "open the remote", {Remote::Name, false, Param::Zero}),
-    Row<General>(LearnTiming, "learn the timing", {Remote::FlagByte, false, Param::Learn}),
-    Row<General>(LearnNormal, "learn", Learning),
-    Row<General>(CloseRemote, "end learning", Bare, Answer::None),
+    Row<General, OpenForLearning>(OpenRemote, "open the remote", {Remote::Name, false, Param::Zero}),
+    Row<General, Learn>(LearnTiming, "learn the timing", {Remote::FlagByte, false, Param::Learn}),
+    Row<General, Learn>(LearnNormal, "learn", Learning),
+    Row<General, EndLearning>(CloseRemote, "end learning", Bare, Answer::None),
     Row<General, SendIr>(RepeatCommand, "repeat", Names),
-    Row<General>(LearnRaw, "learn in RAW mode", Learning),
-    Row<General>(LearnRepeat, "learn a repeat code", Learning),
-    Row<General>(LearnToggle, "learn a toggle command", Learning),
-    Row<General>(LearnWithTiming, "learn with its timing", Learning),
-    Row<General>(LearnRawRepeat, "learn a RAW repeat", Learning),
-    Row<General>(LearnState, "tell the state of learning", Bare),
+    Row<General, Learn>(LearnRaw, "learn in RAW mode", Learning),
+    Row<General, Learn>(LearnRepeat, "learn a repeat code", Learning),
+    Row<General, Learn>(LearnToggle, "learn a toggle command", Learning),
+    Row<General, Learn>(LearnWithTiming, "learn with its timing", Learning),
+    Row<General, Learn>(LearnRawRepeat, "learn a RAW repeat", Learning),
+    Row<General, TellLearnState>(LearnState, "tell the state of learning", Bare),
     Row<General, ListRemoteNames>(ListRemotes, "list the remotes", Page),
     Row<General, ListCommandNames>(ListCommands, "list the commands of", PageOfName),
-    Row<TranslatorRequest>(TranslatorElement, "take an element of a translator set", {}, Answer::Header),
-    Row<General>(ReadTranslator, "read the translator set", PageOfName),
-    Row<General>(StoreTranslator, "store the translator set", Store),
-    Row<General>(FlashTranslator, "flash the translator set", Flash),
+    Row<TranslatorRequest, TakeTranslatorElement>(TranslatorElement, "take an element of a translator set",
+                                                  {}, Answer::Header),
+    Row<General, SendTranslatorPage>(ReadTranslator, "read the translator set", PageOfName),
+    Row<General, StoreTranslatorSet>(StoreTranslator, "store the translator set", Store),
+    Row<General, FlashTranslatorSet>(FlashTranslator, "flash the translator set", Flash),
     Row<LcdRequest>(LcdText, "show on the LCD", {}, Answer::None),
     Row<General>(Start, "start", Bare, Answer::None),
     Row<General, SendStatusPage>(NextStatus, "tell the next page of device status", Page),
-    Row<IRDBGlobalRecord>(DatabaseElement, "take the settings of a database", {}, Answer::Header),
-    Row<IRDBElementRecord>(DatabaseElement, "take an element of a database", {}, Answer::Header),
-    Row<General>(FlashDatabase, "flash the database", Flash),
-    Row<General>(StoreDatabase, "store the database", Store),
-    Row<General>(ReadDatabase, "read the database", PageOfName),
+    Row<IRDBGlobalRecord, TakeDatabaseSettings>(DatabaseElement, "take the settings of a database", {},
+                                                Answer::Header),
+    Row<IRDBElementRecord, TakeDatabaseElement>(DatabaseElement, "take an element of a database", {},
+                                                Answer::Header),
+    Row<General, FlashDatabaseSet>(FlashDatabase, "flash the database", Flash),
+    Row<General, StoreDatabaseSet>(StoreDatabase, "store the database", Store),
+    Row<General, SendDatabasePage>(ReadDatabase, "read the database", PageOfName),
     Row<General, ListTranslatorSets>(ListTranslators, "list the translator sets", Page),
     Row<General, ListDatabaseSets>(ListDatabases, "list the databases", Page),
     Row<General, ListBusElements>(ListBuses, "list the buses", Page),
     Row<General, TellIfKnown>(CheckCommand, "check", {Remote::Name, true, Param::Slot}),
     Row<General, SendAnalogInputs>(ReadAnalog, "read the analog inputs", Bare),
     Row<SerialRequest, SendSerial>(SerialText, "send over RS232"),
-    Row<CodeRequest>(StoreCcf, "store a CCF code", {}, Answer::None),
+    Row<CodeRequest, StoreCode>(StoreCcf, "store a CCF code", {}, Answer::None),
     Row<General, SendStatusPage>(DeviceStatus, "tell the device status", Bare),
-    Row<ModeRequest>(SetMode, "set the parameters of a device", {}, Answer::None),
-    Row<CodeRequest>(StoreSerialCode, "store an RS232 text", {}, Answer::None),
+    Row<ModeRequest, SetDevice>(SetMode, "set the parameters of a device", {}, Answer::None),
+    Row<CodeRequest, StoreCode>(StoreSerialCode, "store an RS232 text", {}, Answer::None),
 };
 
 constexpr int KindOffset = 17;

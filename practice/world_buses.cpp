@@ -62,7 +62,8 @@ constexpr DeviceRow deviceRows[] = {
     {9, 0, u"F6.01.02", PowerOn, 0, 0x0600, 0x03, 0x00, 0x00},
 };
 
-constexpr int CodeReceivers = 0x62; // 38 kHz on the first channel, code learning on the second
+constexpr int CodeReceivers = 0x62;    // 38 kHz on the first channel, code learning on the second
+constexpr int ExternalReceiver = 0x0A; // 38 kHz, external
 
 struct BusRow {
     const char16_t* name;
@@ -72,25 +73,30 @@ struct BusRow {
     quint32 c; // bit 8 external receivers on channel 2
     quint8 learnDefaults;
     quint8 tolerance;
+    int receivers = CodeReceivers;
 };
 
+// Every sort that learning tells apart: firmware below 5.04.01, from there on, from 5.20.00 and from 6.04.44,
+// each with one and two channels, with and without internal receivers.
 constexpr BusRow busRows[] = {
     {u"USB Wohnzimmer", u"U6.05.10", 0x822, 0x00800080, 0x100, 0x00, 2},
     {u"USB Küche", u"V5.20.00", 0x802, 0x10000080, 0, 0x10, 3},
     {u"Seriell", u"S4.04.35", 0x002, 0, 0, 0x00, 0},
     {u"Anzeige", u"D5.20.01", 0x002, 0x00000080, 0, 0x80, 1},
-    {u"LAN Flur", u"E6.04.44", 0x022, 0, 0, 0x00, 2},
+    {u"LAN Flur", u"E6.04.44", 0x022, 0, 0, 0x00, 2, ExternalReceiver},
     {u"LAN Keller", u"G6.05.10", 0x822, 0x10800080, 0x100, 0x90, 7},
     {u"Module", u"L3.01.01", 0x000, 0, 0, 0x00, 0},
     {u"Übersetzer", u"X5.03.11", 0x802, 0, 0, 0x00, 4},
     {u"Gäste", u"Y5.04.00", 0x000, 0, 0, 0x00, 0},
-    {u"Uhr", u"F6.01.02", 0x002, 0, 0, 0x00, 5},
+    {u"Uhr", u"F6.01.02", 0x802, 0, 0x100, 0x00, 5},
     {u"Garten", u"B4.04.10", 0x002, 0, 0, 0x00, 0},
+    {u"Werkstatt", u"B5.04.01", 0x002, 0, 0, 0x00, 0},
+    {u"Studio", u"U5.08.12", 0x822, 0, 0, 0x10, 0},
 };
 
 // The LAN controller is woken by its address and not by a command.
 void AddLanMarker(DeviceEntry& entry) {
-    entry.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
+    entry.HotRemote2 = LanMarker.toString();
     entry.HotCommand2 = QByteArray::fromHex("0204A1B2C3D4");
 }
 
@@ -121,6 +127,26 @@ DeviceEntry MakeDevice(const DeviceRow& row) {
 
 } // namespace
 
+World::DevicePlace World::FindDevice(int tag) {
+    DevicePlace place{tag / 256, tag % 256};
+    if (place.bus >= 0 && place.bus < int(buses.size())) {
+        auto& devices = buses[place.bus].devices;
+        if (const auto found = devices.find(place.address); found != devices.end()) {
+            place.entry = &found->second;
+            return place;
+        }
+    }
+    DevicePlace only;
+    int count = 0;
+    for (size_t bus = 0; bus < buses.size(); ++bus) {
+        for (auto& [address, entry] : buses[bus].devices) {
+            only = {int(bus), address, &entry};
+            ++count;
+        }
+    }
+    return count == 1 && only.address == tag ? only : place;
+}
+
 std::vector<World::Bus> LivingRoomBuses() {
     std::vector<World::Bus> buses;
     for (const BusRow& row : busRows) {
@@ -132,7 +158,7 @@ std::vector<World::Bus> LivingRoomBuses() {
         bus.element.version = QString::fromUtf16(row.version);
         bus.element.learnDefaults = row.learnDefaults;
         bus.element.toleranceIndex = row.tolerance;
-        bus.element.receivers = CodeReceivers;
+        bus.element.receivers = quint8(row.receivers);
         bus.element.timeout = 30;
         buses.push_back(bus);
     }

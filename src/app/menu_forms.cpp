@@ -1,9 +1,9 @@
 #include "app/menu_forms.h"
 
+#include "device/device_settings_view.h"
 #include "forms/controls.h"
 
 #include <QHash>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -30,7 +30,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
         else
             TellNoDevice(u"No Vantrel Translator connected to your system."_s);
     });
-    connect(&status, &StatusStore::DevicesWanted, this, [this] { TellMissing(u"mnuModus(10)"_s); });
+    connect(&status, &StatusStore::DevicesWanted, this, &MenuForms::OpenDevices);
     connect(&status, &StatusStore::BusesLeftOut, this, [this] {
         this->services.boxes.Show(
             {QMessageBox::Warning,
@@ -47,13 +47,10 @@ void MenuForms::Open(const QString& name) {
         {u"mnuModus(14)"_s, Purpose::Database},
         {u"mnuModus(15)"_s, Purpose::Html},
     };
-    static const QSet<QString> missing = {
-        u"mnuModus(11)"_s,
-    };
     if (const auto entry = statusEntries.find(name); entry != statusEntries.end())
         RequestStatus(*entry);
-    else if (missing.contains(name))
-        TellMissing(name);
+    else if (name == u"mnuModus(11)")
+        learn.Load(services, mainWindow).ShowModal();
     else if (name == u"mnuModus(18)")
         OpenAddress();
     else if (name == u"mnuSendItem(10)")
@@ -79,6 +76,18 @@ void MenuForms::RequestStatus(Purpose purpose) {
     }
     if (purpose == Purpose::Translator || purpose == Purpose::Database)
         wait.Load(services, mainWindow).ShowModeless();
+}
+
+void MenuForms::OpenDevices() {
+    // A status that nobody asked for puts no second dialog over the one that is up.
+    if (devices.Loaded() != nullptr || (settings && settings->isVisible()))
+        return;
+    const auto buses = ReadBuses(status);
+    if (const auto only = OnlyDevice(buses))
+        settings = OpenDeviceSettings(services, *FindDevice(buses, *only), *only, DeviceOrigin::Single,
+                                      mainWindow, [] {});
+    else
+        devices.Load(services, buses, mainWindow).ShowModal();
 }
 
 void MenuForms::UnloadWait() {

@@ -1,6 +1,8 @@
 #pragma once
 
+#include "device/frmDeviceMode.h"
 #include "forms/form_slot.h"
+#include "learn/frmProgramm.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
 #include "tools/frmAbout.h"
@@ -29,6 +31,8 @@ private:
     enum class Purpose { Devices, Translator, Database, Html };
 
     void RequestStatus(Purpose purpose);
+    /// The settings of the only device, or all devices.
+    void OpenDevices();
     void UnloadWait();
     /// Tells that what the menu entry of this control name opens isn't part of the program yet.
     void TellMissing(const QString& entry);
@@ -38,9 +42,12 @@ private:
     QWidget* mainWindow;
     StatusStore status;
     FormSlot<frmIP> address;
+    FormSlot<frmProgramm> learn;
     FormSlot<frmSendFree> freeSend;
     FormSlot<frmAnalogIO> analogInputs;
     FormSlot<frmAbout> about;
     FormSlot<frmHTML> html;
+    FormSlot<frmDeviceMode> devices;
+    QPointer<Form> settings; ///< of the only device
     FormSlot<frmTranslatorWait> wait;
 };

@@ -123,7 +123,12 @@ struct LearnStateReply {
     static constexpr const char* Name = "LearnStateReply";
     static constexpr int Size = 264;
 
-    quint8 Flags = 0;   ///< bit 0 learned, bit 1 `Carrier` was measured, bit 2 measuring it failed
+    // Bits of Flags
+    static constexpr quint8 Learned = 1;
+    static constexpr quint8 Measured = 2; ///< `Carrier` was measured
+    static constexpr quint8 MeasuringFailed = 4;
+
+    quint8 Flags = 0;
     quint8 Carrier = 0; ///< kHz
     QString Remote;     ///< empty: no learn target is set
     qint16 TimingCount = 0;

@@ -143,10 +143,12 @@ void ReplyReader::TakeResult() {
     } else if (result.Code == ResultCode::FileExists) {
         emit session.OverwriteAsked(result);
     } else {
-        if (learnFailed)
+        if (learnFailed) {
             session.LateLearnError = true;
-        else
+            session.LateLearnResult = result;
+        } else {
             emit session.ErrorReported(result);
+        }
         emit session.HoldRefused();
     }
 }

@@ -76,7 +76,8 @@ public:
     qint32 TransferIndex = 0; ///< element just sent
     SaveOwnerKind SaveOwner = SaveOwnerKind::None;
     SaveStateKind SaveState = SaveStateKind::Unchanged;
-    bool LateLearnError = false;  ///< a learn failed; its wait shows the message
+    bool LateLearnError = false; ///< a learn failed; its wait shows LateLearnResult
+    ResultReply LateLearnResult;
     bool ErrorBoxOpen = false;    ///< the "IR Error" box is on the screen
     bool FlashIsDatabase = false; ///< the flash that runs is one of a database
     QString FreeSendRemote;       ///< remote of the free send, for the later pages of its command list

@@ -89,8 +89,8 @@ private slots:
         QSet<QString> seen = KeysInSources();
         Take(window, seen, true);
         // These keep their built-in texts in every language.
-        const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s, u"frmIRDBStatus"_s, u"frmLog"_s,
-                                       u"frmTranslatorWait"_s};
+        const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s,    u"frmIRDBStatus"_s,
+                                       u"frmLog"_s,   u"frmStartupText"_s, u"frmTranslatorWait"_s};
         for (Form* form : MakeAllForms(services, &window)) {
             Take(*form, seen, !builtIn.contains(form->objectName()));
             delete form;

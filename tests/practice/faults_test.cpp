@@ -107,6 +107,25 @@ private slots:
         QCOMPARE(error, u"--close: \"5\" is not two numbers with a colon between them"_s);
     }
 
+    void OutcomesOnTheCommandLine() {
+        QString error;
+        const auto read = [&](const QStringList& options) {
+            QCommandLineParser parser;
+            AddOutcomeOptions(parser);
+            parser.parse(QStringList(u"program"_s) + options);
+            return ReadOutcomeOptions(parser, error);
+        };
+        const auto outcomes = read({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
+                                    u"--refuse-database-element=12"_s, u"--database-words=32768"_s});
+        QVERIFY(outcomes);
+        QCOMPARE(outcomes->learn, Outcomes::Learn::TimesOut);
+        QCOMPARE(outcomes->learnTime, 1200);
+        QCOMPARE(outcomes->refusedDatabaseElements, (QSet<int>{0, 12}));
+        QCOMPARE(outcomes->databaseWords, 32768);
+        QVERIFY(!read({u"--learn=maybe"_s}));
+        QCOMPARE(error, u"--learn: \"maybe\" is not succeed, fail or timeout"_s);
+    }
+
 private:
     /// A fresh server with these faults, and the press of "power" on its way.
     void Start(const Faults& faults) {

@@ -61,18 +61,26 @@ struct GreetedServer {
     PracticeClient client{server};
 };
 
+/// Bytes of a number, the lowest first.
+inline QByteArray Bytes(quint32 number, int count) {
+    QByteArray bytes;
+    for (int i = 0; i < count; ++i)
+        bytes += char(number >> (8 * i));
+    return bytes;
+}
+
 /// A CommandRequest of 113 bytes.
 inline QByteArray Request(int netcommand, const QByteArray& remote = {}, const QByteArray& command = {},
-                          int param = 0) {
+                          quint32 param = 0, int timeout = 0, int carrier = 0) {
     using namespace Golden;
     return Join({
-        QByteArray(1, char(netcommand)),
-        Hex("00 00 00"),
-        QByteArray(1, char(param)) + QByteArray(1, char(param >> 8)) + Hex("00 00"),
+        Bytes(netcommand, 2),
+        Bytes(timeout, 2),
+        Bytes(param, 4),
         Hex("D2 00 00 00"),
         (remote + '\0').leftJustified(80, ' '),
         (command + '\0').leftJustified(20, ' '),
-        Hex("00"),
+        Bytes(carrier, 1),
     });
 }
 

@@ -57,16 +57,16 @@ private slots:
     void AnswersByKindOfRequest() {
         GreetedServer practice(Request(36) + Request(5) + Golden::LcdText() + Golden::SetMode() +
                                Golden::StoreCcf() + Golden::SerialText() + Golden::TranslatorMacro() +
-                               Golden::DatabaseGlobal() + Golden::DatabaseBinaryAction() + Request(16));
+                               Golden::DatabaseGlobal() + Golden::DatabaseBinaryAction());
         PracticeClient& client = practice.client;
         QCOMPARE(client.Frame().size(), 8); // of the serial text
-        for (int element = 0; element < 3; ++element) {
-            QCOMPARE(TypeOf(client.Frame()), 23);
+        for (const bool outOfOrder : {true, false, true}) {
+            if (outOfOrder)
+                QCOMPARE(TypeOf(client.Frame()), 23);
             QCOMPARE(client.Frame().size(), 8);
         }
-        QVERIFY(ResultText(client.Frame()).contains("can't do that yet: tell the state of learning"));
-        QCOMPARE(practice.server.Records(), 10);
-        QCOMPARE(practice.server.MalformedRecords(), 0);
+        QCOMPARE(practice.server.Records(), 9);
+        QCOMPARE(practice.server.MalformedRecords(), 2);
     }
 
     void PagesOfLists() {
@@ -76,7 +76,7 @@ private slots:
         for (int i = int(world.remotes.size()); i < 85; ++i)
             world.remotes.push_back({u"remote %1"_s.arg(i), {}});
         for (int i = 0; i < 201; ++i)
-            world.remotes.back().commands.append(u"c%1"_s.arg(i));
+            world.remotes.back().commands.push_back({u"c%1"_s.arg(i)});
         client.socket.write(Request(18) + Request(18, {}, {}, 40) + Request(18, {}, {}, 80));
         for (int offset = 0; offset < 85; offset += 40) {
             const QByteArray page = client.Frame();
@@ -100,10 +100,10 @@ private slots:
         QCOMPARE(last.sliced(8),
                  Golden::Hex("C8 00 01 00 C9 00 00 00") + QByteArray("c200").leftJustified(20, '\0'));
 
-        world.translatorSets.clear();
+        world.translatorSets.Clear();
         client.socket.write(Request(51) + Request(53));
         QCOMPARE(client.Frame(), Golden::Hex("00 00 00 00 10 00 10 00 00 00 00 00 00 00 00 00"));
-        QCOMPARE(Number(client.Frame(), 2), 11);
+        QCOMPARE(Number(client.Frame(), 2), 13);
     }
 
     void PagesOfStatus() {
@@ -111,7 +111,7 @@ private slots:
         PracticeClient& client = practice.client;
         const QByteArray first = client.Frame();
         QCOMPARE(first.size(), 31764);
-        QCOMPARE(first.first(12), Golden::Hex("00 00 00 00 14 7C 18 00 00 00 00 0B"));
+        QCOMPARE(first.first(12), Golden::Hex("00 00 00 00 14 7C 18 00 00 00 00 0D"));
         const auto version = [](const QByteArray& page, qsizetype bus, qsizetype address) {
             return QByteArray(page.constData() + 8 + 12 + (bus * 16 + address) * 248 + 36);
         };
@@ -119,7 +119,7 @@ private slots:
         QCOMPARE(version(first, 0, 4), QByteArray());
         QCOMPARE(int(first[8 + 4 + 3]), 1); // local address of bus 3
         const QByteArray second = client.Frame();
-        QCOMPARE(second.sliced(8, 4), Golden::Hex("00 00 08 0B"));
+        QCOMPARE(second.sliced(8, 4), Golden::Hex("00 00 08 0D"));
         QCOMPARE(version(second, 0, 5).first(10), QByteArray("B5.03.02RC"));
         QVERIFY(!ResultText(client.Frame()).isEmpty());
         QCOMPARE(client.Frame().sliced(8),

@@ -4,15 +4,17 @@
 
 namespace {
 
-constexpr char LineStart = 'A'; ///< of the lines of the text protocol; no netcommand has its number
+constexpr int ElementKindAt = 17; // in both records of netcommand 46
+constexpr char LineStart = 'A';   // of the lines of the text protocol; no netcommand has its number
 
-/// Of the record that `bytes` begin with; a line that isn't whole is as long as no record.
-qsizetype SizeOfRecord(const QByteArray& bytes) {
-    switch (quint8(bytes[0])) {
-    case LineStart: return bytes.contains("\r\n") ? bytes.indexOf("\r\n") + 2 : bytes.size() + 1;
+/// Of the record that begins `pending`, as far as that shows yet.
+qsizetype SizeOfRecord(const QByteArray& pending) {
+    switch (quint8(pending[0])) {
+    case LineStart: return pending.contains("\r\n") ? pending.indexOf("\r\n") + 2 : pending.size() + 1;
     case 0: return 4;
     case 20: return 136;
     case 29: return 214;
+    case 46: return pending.size() > ElementKindAt && pending[ElementKindAt] == 9 ? 1264 : 392;
     case 61: return 272;
     case 68:
     case 71: return 5512;
@@ -33,6 +35,14 @@ QString Describe(const QByteArray& record) {
     const int netcommand = quint8(record[0]);
     if (netcommand == 0)
         return QStringLiteral("hello");
+    if (netcommand == 46) {
+        const int kind = record[ElementKindAt];
+        return kind == 9 ? QStringLiteral("46 global")
+                         : QStringLiteral("46 kind %1 number %2 %3/%4")
+                               .arg(kind)
+                               .arg(qFromLittleEndian<qint32>(record.constData() + 12))
+                               .arg(TextAt(record, 36, 80), TextAt(record, 116, 20));
+    }
     const auto param = qFromLittleEndian<qint32>(record.constData() + 4);
     const QString what = netcommand == 61 ? QString::fromLatin1(record.sliced(16, quint8(record[12])))
                                           : TextAt(record, 12, 80) + u'/' + TextAt(record, 92, 20);

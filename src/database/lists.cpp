@@ -1,0 +1,124 @@
+#include "database/lists.h"
+
+#include "base/blanks.h"
+
+namespace {
+
+QStringList Trimmed(const QStringList& names) {
+    QStringList trimmed;
+    trimmed.reserve(names.size());
+    for (const QString& name : names)
+        trimmed += WithoutBlanks(name).toString();
+    return trimmed;
+}
+
+} // namespace
+
+DatabaseLists::DatabaseLists(Session& session, KeyedTree& tree, QObject* parent)
+    : QObject(parent)
+    , session(session)
+    , tree(tree) {
+    connect(&session, &Session::NamesReady, this, &DatabaseLists::TakeNames);
+    connect(&session, &Session::CommandsReady, this, &DatabaseLists::TakeCommands);
+    connect(&session, &Session::ErrorReported, this, [this] { Probe(false); });
+    // What was asked over a connection that is gone won't be answered.
+    connect(&session, &Session::LinkFailed, this, &DatabaseLists::Stop);
+    connect(&session, &Session::LinkUp, this, &DatabaseLists::Stop);
+}
+
+void DatabaseLists::Start() {
+    Stop();
+    session.ListOwner = ListTarget::Database;
+    state = State::Remotes;
+    Ask();
+}
+
+void DatabaseLists::Stop() {
+    state = State::Idle;
+    isProbing = false;
+}
+
+void DatabaseLists::Ask() {
+    bool sent = false;
+    switch (state) {
+    case State::Idle: return;
+    case State::Remotes: sent = session.SendRemoteCommand(Netcommand::ListRemotes, {}, {}, 0); break;
+    case State::Commands:
+        sent = session.SendRemoteCommand(Netcommand::ListCommands, remotes[remoteIndex], {}, 0);
+        break;
+    case State::Sets: sent = session.SendRemoteCommand(Netcommand::ListDatabases, {}, {}, 0); break;
+    }
+    if (!sent)
+        Stop();
+}
+
+/// The present request has been answered, or won't be.
+void DatabaseLists::Advance() {
+    remoteIndex = state == State::Remotes ? 0 : remoteIndex + 1;
+    state = remoteIndex < remotes.size() ? State::Commands : State::Sets;
+    Ask();
+}
+
+void DatabaseLists::TakeNames(ReplyType type) {
+    if (type == ReplyType::Remotes && (session.ListOwner & ListTarget::Database) != 0)
+        TakeRemotes();
+    else if (type == ReplyType::DatabaseSets)
+        TakeSets();
+}
+
+void DatabaseLists::TakeRemotes() {
+    if (state != State::Remotes || (isProbing && isAnswered))
+        return;
+    remotes = Trimmed(session.NameList);
+    tree.Clear();
+    for (const QString& remote : std::as_const(remotes))
+        DatabaseTree::AddRemote(tree, remote);
+    isAnswered = true;
+    emit RemotesListed(remotes);
+    if (!isProbing)
+        Advance();
+}
+
+void DatabaseLists::TakeCommands(int target) {
+    const bool isOurs = (target & (ListTarget::Database | ListTarget::DatabaseCommands)) != 0;
+    if (!isOurs || state != State::Commands || (isProbing && isAnswered))
+        return;
+    for (const QString& command : Trimmed(session.CommandList1))
+        DatabaseTree::AddCommand(tree, remotes[remoteIndex], command);
+    isAnswered = true;
+    if (!isProbing)
+        Advance();
+}
+
+void DatabaseLists::TakeSets() {
+    if (isProbing)
+        return EndProbe();
+    if (state == State::Sets)
+        state = State::Idle;
+    emit SetsListed(Trimmed(session.NameList));
+}
+
+void DatabaseLists::Recover() {
+    if (state == State::Sets)
+        Ask();
+    else
+        Probe(true);
+}
+
+void DatabaseLists::Probe(bool lost) {
+    if (isProbing || (state != State::Remotes && state != State::Commands))
+        return;
+    mayBeLost = lost;
+    isAnswered = false;
+    isProbing = session.SendRemoteCommand(Netcommand::ListDatabases, {}, {}, 0);
+}
+
+void DatabaseLists::EndProbe() {
+    isProbing = false;
+    if (!isAnswered && mayBeLost)
+        return Ask();
+    // Without the remotes there is nothing to fill.
+    if (!isAnswered && state == State::Remotes)
+        remotes.clear();
+    Advance();
+}

@@ -1,0 +1,373 @@
+#include "database/database_tree.h"
+#include "database/elements.h"
+#include "database/settings.h"
+
+#include "support/golden.h"
+#include "support/suite.h"
+
+#include <QRandomGenerator>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString UnusedGroup = u"000000000000"
+                            "00000"
+                            "1000"
+                            "001"_s;
+const QString UnusedTag = u"A0 "_s + UnusedGroup.repeated(8) + u"AAAAAAAA"_s;
+
+/// The same record after a trip over the wire.
+template <class Record> Record Travelled(const Record& record) {
+    return Decode<Record>(Encode(record));
+}
+
+/// Random databases, the same ones in every run.
+class Dice {
+public:
+    bool Flip() { return Roll(2) != 0; }
+    int Roll(int sides) { return int(random.bounded(sides)); }
+    /// Characters that the tag's parser could trip over among them.
+    QString Text(int longest) {
+        const QString letters = u"ABR0179 -\\%~äß€"_s;
+        QString text;
+        for (int left = Roll(longest + 1); left > 0; --left)
+            text += letters[Roll(int(letters.size()))];
+        return text;
+    }
+    QString HexText() {
+        QString text;
+        for (int left = Roll(12); left > 0; --left)
+            text += QString::number(Roll(256), 16).toUpper() + u" "_s.repeated(1 + Roll(2));
+        return text;
+    }
+    ActionTarget Target() {
+        return {Flip() ? qint32(random.generate()) : 0,
+                quint16(Flip() ? Roll(65536) : 0),
+                Flip(),
+                Flip(),
+                Flip(),
+                Flip()};
+    }
+    ActionTag Action() {
+        ActionTag tag;
+        tag.relay = Roll(4);
+        tag.function = u" 10TIU"[Roll(6)];
+        for (ActionGroup& group : tag.groups) {
+            if (Flip())
+                continue;
+            group = {Target(), Flip(), {}};
+            group.text = group.binary ? HexText() : Text(Roll(8) == 0 ? 255 : 12);
+        }
+        return tag;
+    }
+    AnalogSide Side() {
+        AnalogSide side{Roll(12), QString::number(Roll(65536)), {}, {}};
+        if (Flip()) {
+            side.remote = u"remote %1"_s.arg(Roll(9));
+            side.command = u"command %1"_s.arg(Roll(9));
+        }
+        return side;
+    }
+    DatabaseSettings Settings() {
+        DatabaseSettings s;
+        for (bool* flag : {&s.active, &s.aux, &s.lan, &s.relay, &s.receive, &s.line, &s.binary})
+            *flag = Flip();
+        s.actionFormat = Text(99).trimmed();
+        s.okFormat = Text(19).trimmed();
+        s.errorFormat = Text(19).trimmed();
+        s.target.Show(1 + Roll(0x7FFFFFFF), quint16(1 + Roll(65535)));
+        for (AnalogSettings& input : s.analog) {
+            input.mode = Roll(7);
+            input.sendsToHost = input.mode != 0 && Flip();
+            for (QString* text : {&input.minimum, &input.maximum, &input.hysteresis})
+                *text = QString::number(Roll(256));
+            input.min = Side();
+            input.max = Side();
+        }
+        return s;
+    }
+
+private:
+    QRandomGenerator random{20};
+};
+
+/// The one thing that a trip to the server changes in a tag: how binary data is written.
+QString NormalForm(const QString& text) {
+    auto tag = ActionTag::Parse(text);
+    if (!tag)
+        return text;
+    for (ActionGroup& group : tag->groups)
+        if (group.binary)
+            group.text = BinaryToHex(HexToBinary(group.text));
+    return tag->Format();
+}
+
+DatabaseSettings SettingsOfGolden() {
+    DatabaseSettings s;
+    s.active = s.lan = s.relay = s.receive = s.line = s.binary = true;
+    s.target = {{u"192"_s, u"168"_s, u"7"_s, u"4"_s}, u"50001"_s};
+    const int modes[] = {1, 2, 3, 4};
+    const int maximum[] = {0x21, 0x22, 0x23, 0xE4};
+    const int maximumLed[] = {5, 10, 11, 1};
+    const qint32 minimumMask[] = {65535, 32769, 16386, -3};
+    const qint32 maximumMask[] = {0xFF0, 0xF00F, 0xCC33, qint32(0x81020304)};
+    for (int i = 0; i < 4; ++i) {
+        const auto name = [i](const char* text) { return QString::fromLatin1(text) + QString::number(i); };
+        s.analog[size_t(i)] = {
+            modes[i],
+            i == 0 || i == 2,
+            QString::number(0x11 + i),
+            QString::number(maximum[i]),
+            QString::number(0x31 + i),
+            {6 + i, QString::number(minimumMask[i]), name("min-remote-"), name("min-command-")},
+            {maximumLed[i], QString::number(maximumMask[i]), name("max-remote-"), name("max-command-")}};
+    }
+    return s;
+}
+
+} // namespace
+
+class DatabaseModelTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
+
+    void TagsAsWritten() {
+        QCOMPARE(RemoteTag().Format(), DatabaseTree::DefaultRemoteTag);
+        const RemoteTag remote{{0x010203F0, 8082, false, true, false, true}, u"%r!"_s};
+        QCOMPARE(remote.Format(), u"001002003240"
+                                  "08082"
+                                  "0101"
+                                  "%r!"_s);
+        QCOMPARE(RemoteTag::Parse(remote.Format()), remote);
+        QVERIFY(!RemoteTag::Parse(DatabaseTree::DefaultRemoteTag.chopped(1)));
+
+        QCOMPARE(ActionTag().Format(), UnusedTag);
+        QCOMPARE(UnusedTag.size(), 203);
+        ActionTag action;
+        action.relay = 2;
+        action.function = u'T';
+        action.groups[0] = {{-1, 65535, false, true, true, true}, false, u"A B"_s};
+        action.groups[7] = {{1, 1, true, false, false, false}, true, u"0 FF"_s};
+        const QString text = u"A2T"_s +
+                             u"255255255255"
+                             "65535"
+                             "0111"
+                             "004"_s +
+                             UnusedGroup.repeated(6) +
+                             u"000000000001"
+                             "00001"
+                             "1000"
+                             "005"
+                             "AA B"
+                             "AAAAAA"
+                             "B0 FF"_s;
+        QCOMPARE(action.Format(), text);
+        QCOMPARE(ActionTag::Parse(text), action);
+    }
+
+    /// Whatever stands in a tag, nothing is read beyond it.
+    void BrokenTags() {
+        QVERIFY(!ActionTag::Parse({}));
+        QVERIFY(!ActionTag::Parse(u"0"_s + UnusedTag.sliced(1)));
+        QVERIFY(!ActionTag::Parse(UnusedTag.first(194)));
+        QCOMPARE(ActionTag::Parse(UnusedTag.first(195)), ActionTag());
+        QString longer = UnusedTag;
+        longer.replace(24, 3, u"999"_s);
+        QCOMPARE(ActionTag::Parse(longer)->groups[0].text, u"AAAAAAA"_s);
+        QString junk = UnusedTag;
+        junk.replace(1, 26, u"x?-1 99x...\tAAAAAAAAAAA-05"_s);
+        QCOMPARE(ActionTag::Parse(junk)->groups[0].text, QString());
+        ActionTag tooLong;
+        tooLong.groups[0].text = QString(2000, u'x');
+        QCOMPARE(ActionTag::Parse(tooLong.Format())->groups[0].text, QString(ActionTag::TextMax, u'x'));
+    }
+
+    void HexTexts_data() {
+        QTest::addColumn<QString>("text");
+        QTest::addColumn<QByteArray>("bytes");
+        QTest::newRow("empty") << u""_s << Golden::Hex("00");
+        QTest::newRow("blank first") << u" 1"_s << Golden::Hex("00 01");
+        QTest::newRow("blanks") << u"1  aB   0 "_s << Golden::Hex("01 AB 00");
+        QTest::newRow("above a byte") << u"100 FFFFFFFFFFFFFFFFFFFF 0FF"_s << Golden::Hex("FF FF FF");
+        QTest::newRow("no number") << u"x 1x2 ä"_s << Golden::Hex("00 01 00");
+    }
+    void HexTexts() {
+        QFETCH(QString, text);
+        QFETCH(QByteArray, bytes);
+        QCOMPARE(HexToBinary(text), bytes);
+        QCOMPARE(HexToBinary(BinaryToHex(bytes)), bytes);
+        QCOMPARE(BinaryToHex(Golden::Hex("00 AF")), u"00 AF "_s);
+    }
+
+    void ElementsAsWritten() {
+        auto remote = DatabaseElement::OfRemote(u"amp"_s, u"001002003004"
+                                                          "08082"
+                                                          "0101"
+                                                          " %r! "_s);
+        remote.number = 1;
+        QCOMPARE(Encode(remote), Golden::DatabaseRemote());
+        QCOMPARE(DatabaseElement::RemoteTagOf(Travelled(remote)).Format(), u"001002003004"
+                                                                           "08082"
+                                                                           "0101"
+                                                                           "%r!"_s);
+        ActionTag tag;
+        tag.relay = 3;
+        tag.function = u'I';
+        tag.groups[3] = {{qint32(0xE0000001), 65534, true, false, true, false}, true, u"0 FE 00 20 0"_s};
+        auto action = DatabaseElement::OfAction(u"amp"_s, u"mute"_s, tag, 3);
+        action.number = 2;
+        QCOMPARE(Encode(action), Golden::DatabaseBinaryAction());
+    }
+
+    void GlobalRecordAsWritten() {
+        QCOMPARE(Encode(ToGlobalRecord(SettingsOfGolden())), Golden::DatabaseGlobal());
+        DatabaseSettings taken;
+        TakeGlobalRecord(Decode<IRDBGlobalRecord>(Golden::DatabaseGlobal()), taken);
+        QCOMPARE(taken, SettingsOfGolden());
+    }
+
+    void DataTooLongForItsField() {
+        ActionTag tag;
+        tag.groups[0].text = QString(300, u'x');
+        tag.groups[1] = {{}, true, u"7 "_s.repeated(300)};
+        for (int g = 0; g < 2; ++g) {
+            const auto element = DatabaseElement::OfAction(u"a"_s, u"b"_s, tag, g);
+            QCOMPARE(element.dataLength, 255);
+            QCOMPARE(Encode(element).right(3), (g == 0 ? "xx " : "\x07\x07 "));
+        }
+        const auto remote =
+            DatabaseElement::OfRemote(u"a"_s, DatabaseTree::DefaultRemoteTag.toString() + QString(300, u'y'));
+        QCOMPARE(DatabaseElement::RemoteTagOf(Travelled(remote)).action, QString(256, u'y'));
+    }
+
+    /// What was tagged comes back character for character, but for the way in which binary data is written.
+    void RandomDatabasesTravel() {
+        Dice dice;
+        for (int run = 0; run < 60; ++run) {
+            KeyedTree tree;
+            KeyedTree other;
+            for (int r = 0; r < 4; ++r) {
+                const QString remote = u"remote-%1 [*]"_s.arg(r);
+                for (KeyedTree* each : {&tree, &other}) {
+                    QVERIFY(DatabaseTree::AddRemote(*each, remote));
+                    for (int c = 0; c < 5; ++c)
+                        QVERIFY(DatabaseTree::AddCommand(*each, remote, u"c-%1 [+]"_s.arg(c)));
+                }
+            }
+            for (int i = 0; i < tree.Count(); ++i)
+                if (dice.Flip())
+                    DatabaseTree::SetTag(tree, tree.At(i).Key(),
+                                         DatabaseTree::IsRemote(tree.At(i))
+                                             ? RemoteTag{dice.Target(), dice.Text(50).trimmed()}.Format()
+                                             : dice.Action().Format());
+
+            const auto apply = [&](IRDBElementRecord element) {
+                // A server may give port 2 of an action back in bit 4 instead of bit 6.
+                if (element.ElementKind != DatabaseElement::Remote && (element.ElementFlags & 0x40) != 0 &&
+                    dice.Flip())
+                    element.ElementFlags ^= 0x50;
+                QCOMPARE(DatabaseElement::Apply(other, Travelled(element)), DatabaseElement::Applied::Yes);
+            };
+            for (const auto& node : DatabaseTree::MarkedNodes(tree)) {
+                if (node.isRemote)
+                    apply(DatabaseElement::OfRemote(node.remote, node.tag));
+                for (int g = 0; g < 8 && !node.isRemote; ++g)
+                    apply(
+                        DatabaseElement::OfAction(node.remote, node.command, *ActionTag::Parse(node.tag), g));
+            }
+            QCOMPARE(other.Count(), tree.Count());
+            for (int i = 0; i < tree.Count(); ++i) {
+                const KeyedNode& before = tree.At(i);
+                const KeyedNode& after = other.At(i);
+                QCOMPARE(after.Tag(), NormalForm(before.Tag()));
+                QCOMPARE(after.Text(), before.Text());
+                QCOMPARE(after.IsBold(), before.IsBold());
+                QCOMPARE(after.Key(), before.Key());
+            }
+
+            const DatabaseSettings settings = dice.Settings();
+            DatabaseSettings taken;
+            TakeGlobalRecord(Travelled(ToGlobalRecord(settings)), taken);
+            QCOMPARE(taken, settings);
+        }
+    }
+
+    void ElementsThatFitNowhere() {
+        KeyedTree tree;
+        DatabaseTree::AddRemote(tree, u"a"_s);
+        DatabaseTree::AddCommand(tree, u"a"_s, u"b-c"_s);
+        using enum DatabaseElement::Applied;
+        const auto apply = [&tree](int kind, const QString& remote, const QString& command) {
+            IRDBElementRecord element;
+            element.ElementKind = quint8(kind);
+            element.remote = remote;
+            element.command = command;
+            return DatabaseElement::Apply(tree, element);
+        };
+        QCOMPARE(apply(8, u"b"_s, {}), UnknownName);
+        QCOMPARE(apply(10, u"a"_s, u"b"_s), UnknownName);
+        QCOMPARE(apply(10, u"a-b"_s, u"c"_s), UnknownName); // the key of another node
+        for (const int kind : {0, 7, 9, 18, 255})
+            QCOMPARE(apply(kind, u"a"_s, u"b-c"_s), UnknownKind);
+        QVERIFY(DatabaseTree::MarkedNodes(tree).empty());
+        // Blanks around names don't count, and an action may come without the first one.
+        QCOMPARE(apply(12, u" a "_s, u" b-c"_s), Yes);
+        QVERIFY(ActionTag::Parse(tree.At(1).Tag()));
+    }
+
+    void NumbersBeyondTheirField() {
+        DatabaseSettings s;
+        s.target = {{u"256"_s, u"x"_s, u""_s, u"-1"_s}, u"65536"_s};
+        s.analog[1].minimum = u"256"_s;
+        s.analog[1].maximum = u"-1"_s;
+        s.analog[1].hysteresis = u"7 K"_s;
+        s.analog[1].min.mask = u"99999999999999999999"_s;
+        s.analog[1].max.mask = u"-2147483649"_s;
+        s.analog[1].min.led = -1;
+        s.analog[1].mode = 9;
+        s.analog[2].sendsToHost = true;
+        s.analog[3].min.remote = u"without a command"_s;
+        s.analog[3].max.command = u"without a remote"_s;
+        const IRDBGlobalRecord record = ToGlobalRecord(s);
+        QCOMPARE(quint32(record.ip), 0xFF000000U);
+        QCOMPARE(record.port, qint16(-1));
+        QCOMPARE(record.minimum[1], 255);
+        QCOMPARE(record.maximum[1], 0);
+        QCOMPARE(record.hysteresis[1], 7);
+        QCOMPARE(record.minimumMask[1], 2147483647);
+        QCOMPARE(record.maximumMask[1], qint32(-2147483648));
+        QCOMPARE(record.minimumLed[1], 0);
+        QCOMPARE(record.mode, (std::array<quint8, 4>{0, 0, 0, 0}));
+        QCOMPARE(record.minimumRemote[3] + record.maximumCommand[3], QString());
+
+        s.Limit();
+        QCOMPARE(s.target, (AddressTexts{{u"256"_s, u"x"_s, u""_s, u"-1"_s}, u"65535"_s}));
+        QCOMPARE(s.analog[1].minimum, u"255"_s);
+        QCOMPARE(s.analog[1].maximum, u"0"_s);
+        QCOMPARE(s.analog[1].hysteresis, u"7 K"_s);
+        QCOMPARE(s.analog[1].min.mask, u"2147483647"_s);
+        QCOMPARE(s.analog[1].max.mask, u"-2147483648"_s);
+        QCOMPARE(Encode(ToGlobalRecord(s)), Encode(record));
+
+        IRDBGlobalRecord foreign;
+        foreign.mode = {0x87, 7, 0x86, 0x7F};
+        foreign.minimumLed = {12, 255, 11, 0};
+        DatabaseSettings taken;
+        taken.target = {{u"1"_s, u"2"_s, u"3"_s, u"4"_s}, u"5"_s};
+        TakeGlobalRecord(foreign, taken);
+        QCOMPARE(taken.analog[0].mode, 0);
+        QCOMPARE(taken.analog[2].mode, 6);
+        QCOMPARE(taken.analog[3].mode, 0);
+        QCOMPARE(taken.analog[1].min.led, 0);
+        QCOMPARE(taken.analog[2].min.led, 11);
+        QCOMPARE(taken.target, (AddressTexts{{u"1"_s, u"2"_s, u"3"_s, u"4"_s}, u"5"_s}));
+    }
+};
+
+SUITE(DatabaseModelTest);
+
+#include "database_model_test.moc"

@@ -1,0 +1,365 @@
+#include "database/elements.h"
+#include "database/lists.h"
+#include "database/transfer.h"
+
+#include "link/session_recorder.h"
+#include "support/golden.h"
+
+#include <QMetaEnum>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// A transfer and a list chain on a real socket. Every step is written down: what the client sends, and what
+/// the two say, in "<>".
+class Rig : public Recorder {
+public:
+    Rig() {
+        using T = DatabaseTransfer;
+        QObject::connect(&*transfer, &T::Ended, &tree, [this](T::Outcome outcome) {
+            told += QLatin1StringView(QMetaEnum::fromType<T::Outcome>().valueToKey(int(outcome)));
+        });
+        QObject::connect(&*transfer, &T::NamesUnknown, &tree,
+                         [this](const QStringList& names) { told += u"unknown " + names.join(u','); });
+        QObject::connect(&*transfer, &T::SettingsLoaded, &tree, [this] { told += u"settings"_s; });
+        QObject::connect(&lists, &DatabaseLists::RemotesListed, &tree,
+                         [this](const QStringList& names) { told += u"remotes " + names.join(u','); });
+        QObject::connect(&lists, &DatabaseLists::SetsListed, &tree,
+                         [this](const QStringList& names) { told += u"sets " + names.join(u','); });
+        for (const QString& remote : {u"amp"_s, u"tv"_s})
+            DatabaseTree::AddRemote(tree, remote);
+        for (const QString& command : {u"mute"_s, u"loud"_s})
+            DatabaseTree::AddCommand(tree, u"amp"_s, command);
+    }
+
+    /// One marked remote and one marked command with two actions.
+    void Mark() {
+        DatabaseTree::SetTag(tree, u"Ramp"_s, u"001002003004080820101%r!"_s);
+        ActionTag tag;
+        tag.relay = 3;
+        tag.function = u'I';
+        tag.groups[0] = {{qint32(0xC0A80704), 80, false, true, false, true}, false, u"ab"_s};
+        tag.groups[3] = {{qint32(0xE0000001), 65534, true, false, true, false}, true, u"0 FE 0 20 0"_s};
+        DatabaseTree::SetTag(tree, u"Camp-mute"_s, tag.Format());
+    }
+
+    /// What was sent and said up to now.
+    QString Steps() {
+        QString steps = Sent();
+        if (const QString said = std::exchange(told, {}).join(u"; "_s); !said.isEmpty())
+            steps += (steps.isEmpty() ? u"<"_s : u" <"_s) + said + u'>';
+        return steps;
+    }
+    /// What follows a reply.
+    QString After(const QByteArray& reply) {
+        Play(reply);
+        return Steps();
+    }
+
+    KeyedTree tree;
+    std::optional<DatabaseTransfer> transfer{std::in_place, session, tree};
+    DatabaseLists lists{session, tree};
+
+private:
+    QStringList told;
+};
+
+QString ElementStep(int kind, int number) {
+    return u"46 kind %1 number %2 amp/"_s.arg(kind).arg(number) + (kind == 8 ? u""_s : u"mute"_s);
+}
+
+/// Eight elements of the command of `Rig::Mark`, from group `first` on.
+void Acknowledge(Rig& rig, int first) {
+    for (int g = first; g < 8; ++g)
+        QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 2 + g));
+}
+
+QByteArray GlobalPage(int total, bool more) {
+    return Raw::Page(15, 0, 1, total, more ? 1 : 0, Golden::DatabaseGlobal());
+}
+
+IRDBElementRecord Element(int kind, const QString& remote, const QString& command = {}) {
+    IRDBElementRecord element;
+    element.ElementKind = quint8(kind);
+    element.remote = remote;
+    element.command = command;
+    return element;
+}
+
+QByteArray ElementPage(int offset, int total, bool more, const std::vector<IRDBElementRecord>& elements) {
+    QByteArray bytes;
+    for (const auto& element : elements)
+        bytes += Encode(element);
+    return Raw::Page(15, offset, int(elements.size()), total, more ? 1 : 0, bytes);
+}
+
+/// An action element of the command amp/mute, relay 3 with "I", as it must stand on the wire.
+QByteArray ActionImage(int group, const char* flags, const char* length, const char* ipAndPort,
+                       const QByteArray& data) {
+    using namespace Golden;
+    return Join({Hex("2E"), Fill(7, 0), Hex("D2 00 00 00"), QByteArray(1, char(group + 2)), Fill(3, 0),
+                 Hex("CB"), QByteArray(1, char(group + 10)), Hex(flags), Hex(length), Fill(8, 0),
+                 Hex(ipAndPort), Fill(2, 0), Ascii("amp") + Hex("00") + Fill(76, ' '),
+                 Ascii("mute") + Hex("00") + Fill(15, ' '), data + Fill(int(256 - data.size()), ' ')});
+}
+
+} // namespace
+
+class DatabaseTransferTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
+
+    void SaveByteForByte() {
+        Rig rig;
+        rig.Mark();
+        DatabaseSettings settings;
+        TakeGlobalRecord(Decode<IRDBGlobalRecord>(Golden::DatabaseGlobal()), settings);
+        QByteArray image = Golden::DatabaseGlobal() + Golden::DatabaseRemote() +
+                           ActionImage(0, "44", "02", "04 07 A8 C0 50 00", "ab");
+        for (int g = 1; g < 8; ++g)
+            image += g == 3 ? ActionImage(3, "0B", "05", "01 00 00 E0 FE FF", Golden::Hex("00 FE 00 20 00"))
+                            : ActionImage(g, "02", "00", "00 00 00 00 00 00", {});
+        QVERIFY(rig.transfer->Save(u"one"_s, settings));
+        for (int i = 0; i < 10; ++i) {
+            QTRY_COMPARE(rig.server.Records(), i + 1);
+            rig.server.Play(Raw::Ack());
+        }
+        QTRY_COMPARE(rig.server.Records(), 11);
+        QByteArray sent;
+        for (int i = 0; i < 10; ++i)
+            sent += rig.server.Record(i);
+        QCOMPARE(sent.toHex(), image.toHex());
+    }
+
+    void SaveStepByStep() {
+        Rig rig;
+        rig.Mark();
+        QVERIFY(!rig.transfer->Save(u"  "_s, {}));
+        rig.session.SaveState = SaveStateKind::Named;
+        QVERIFY(rig.transfer->Save(u"one"_s, {}));
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        QCOMPARE(rig.session.SaveOwner, SaveOwnerKind::Database);
+        // Only the log comes between; whatever else comes is the acknowledgement.
+        QCOMPARE(rig.After(Raw::Log("stored")), u""_s);
+        QCOMPARE(rig.After(Raw::Result(9, 0, "refused")), ElementStep(8, 1));
+        QCOMPARE(rig.session.TransferIndex, 1);
+        // What is changed now belongs to the next save.
+        DatabaseTree::SetTag(rig.tree, u"Rtv"_s, DatabaseTree::DefaultRemoteTag.toString());
+        rig.tree.Clear();
+        Acknowledge(rig, 0);
+        QCOMPARE(rig.session.TransferIndex, 3);
+        QCOMPARE(rig.After(Raw::Ack()), u"48 one/ 1"_s);
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Unchanged);
+        QCOMPARE(rig.session.PendingOp, Pending::None);
+        QCOMPARE(rig.After(Raw::Ack()), u"<Stored>"_s);
+        QCOMPARE(rig.After(Raw::Ack() + Raw::Ack()), u""_s);
+    }
+
+    void Overwriting() {
+        Rig rig;
+        const auto saveNothing = [&rig](const QString& final) {
+            QCOMPARE(rig.Steps(), u"46 global"_s);
+            QCOMPARE(rig.After(Raw::Ack()), final);
+        };
+        rig.session.SaveState = SaveStateKind::Named;
+        rig.transfer->Save(u"one"_s, {});
+        saveNothing(u"48 one/ 1"_s);
+        QCOMPARE(rig.After(Raw::Result(35, 0)), u"<FileExists>"_s);
+        rig.session.AnswerOverwrite(rig.asked, false);
+        QCOMPARE(rig.Steps(), u""_s);
+        rig.transfer->Save(u"one"_s, {});
+        saveNothing(u"48 one/ 1"_s);
+        QCOMPARE(rig.After(Raw::Result(35, 0)), u"<FileExists>"_s);
+        rig.session.AnswerOverwrite(rig.asked, true);
+        saveNothing(u"48 one/ 2"_s);
+        QCOMPARE(rig.After(Raw::Ack()), u"<Stored>"_s);
+        rig.transfer->Save(u"two"_s, {});
+        saveNothing(u"48 two/ 0"_s);
+        QCOMPARE(rig.After(Raw::Result(7, 0)), u"<Refused>"_s);
+    }
+
+    void Flashing_data() {
+        QTest::addColumn<QByteArray>("replies");
+        QTest::addColumn<QString>("steps");
+        const auto fits = Raw::DatabaseStatus("32767", "64K");
+        QTest::newRow("stored") << fits + Raw::Received("F2") << u"<Flashed>"_s;
+        QTest::newRow("failed") << fits + Raw::Received("F0") << u"<FlashFailed>"_s;
+        QTest::newRow("too large") << Raw::DatabaseStatus("32768", "64K") + Raw::Received("F0")
+                                   << u"<FlashFailed>"_s;
+        QTest::newRow("refused") << Raw::Result(9, 0) << u"<Refused>"_s;
+        QTest::newRow("other news") << Raw::Ack() + Raw::Received("x") + Raw::Received("F1") << u""_s;
+    }
+    void Flashing() {
+        QFETCH(QByteArray, replies);
+        Rig rig;
+        rig.transfer->Flash(0x0206, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        QCOMPARE(rig.After(Raw::Ack()), u"47 / 518"_s);
+        QTEST(rig.After(replies), "steps");
+    }
+
+    /// The server falls silent in the middle of a command; a new save begins with the first element.
+    void SilentServer() {
+        Rig rig;
+        rig.Mark();
+        rig.transfer->Save(u"one"_s, {});
+        rig.Steps();
+        QCOMPARE(rig.After(Raw::Ack()), ElementStep(8, 1));
+        for (int g = 0; g < 3; ++g)
+            QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 2 + g));
+        rig.transfer->Save(u"two"_s, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        QCOMPARE(rig.After(Raw::Ack()), ElementStep(8, 1));
+        Acknowledge(rig, 0);
+        // A load gives the save up, and its page isn't taken for an acknowledgement.
+        rig.transfer->Load(u"three"_s);
+        QCOMPARE(rig.Steps(), u"49 three/ 0"_s);
+        QCOMPARE(rig.After(GlobalPage(1, false)), u"<settings; Loaded>"_s);
+        QCOMPARE(rig.After(Raw::Ack()), u""_s);
+    }
+
+    void ChainEndsWithTheObject() {
+        Rig rig;
+        rig.Mark();
+        rig.transfer->Save(u"one"_s, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        rig.transfer.reset();
+        QCOMPARE(rig.After(Raw::Ack()), u""_s);
+        QCOMPARE(rig.After(Raw::Result(35, 0)), u""_s);
+        rig.session.AnswerOverwrite(rig.asked, true);
+        QCOMPARE(rig.Steps(), u""_s);
+    }
+
+    void LoadStepByStep() {
+        Rig rig;
+        rig.Mark();
+        rig.session.SaveState = SaveStateKind::Named;
+        QVERIFY(!rig.transfer->Load(u" "_s));
+        QVERIFY(rig.transfer->Load(u"one"_s));
+        QCOMPARE(rig.Steps(), u"49 one/ 0"_s);
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Unchanged);
+        QVERIFY(DatabaseTree::MarkedNodes(rig.tree).empty());
+        QCOMPARE(rig.After(GlobalPage(15, true)), u"49 / 1 <settings>"_s);
+        std::vector<IRDBElementRecord> first{Element(8, u"tv"_s), Element(8, u"gone"_s)};
+        for (int g = 0; g < 8; ++g)
+            first.push_back(Element(10 + g, u"amp"_s, u"gone"_s));
+        first.push_back(Element(77, u"amp"_s, u"mute"_s));
+        // What answers no request of the load does it no harm.
+        QCOMPARE(rig.After(Raw::Ack() + Raw::Received("code") + Raw::Result(9, 0)), u"<Refused>"_s);
+        QCOMPARE(rig.After(Raw::Result(9, 0) + ElementPage(1, 15, true, first)), u"49 / 12"_s);
+        QCOMPARE(
+            rig.After(ElementPage(12, 15, false, {Element(10, u"amp"_s, u"loud"_s), Element(8, u"gone"_s)})),
+            u"<unknown min-remote-0,min-remote-1,min-remote-2,min-remote-3,max-remote-0,max-remote-1,"
+            "max-remote-2,max-remote-3,gone,amp / gone; Loaded>"_s);
+        const auto marked = DatabaseTree::MarkedNodes(rig.tree);
+        QCOMPARE(marked.size(), 2U);
+        QCOMPARE(marked[0].remote, u"tv"_s);
+        QCOMPARE(marked[1].command, u"loud"_s);
+        QCOMPARE(rig.After(ElementPage(14, 15, true, {Element(8, u"amp"_s)}) + GlobalPage(1, true)), u""_s);
+        QCOMPARE(DatabaseTree::MarkedNodes(rig.tree).size(), 2U);
+
+        rig.transfer->Load(u"two"_s);
+        QCOMPARE(rig.Steps(), u"49 two/ 0"_s);
+        QCOMPARE(rig.After(ElementPage(0, 9, true, {})), u"<Loaded>"_s); // brings it no further
+        QVERIFY(DatabaseTree::MarkedNodes(rig.tree).empty());
+    }
+
+    /// The answers to both come, one after the other; the tree is that of the second.
+    void TwoLoadsInARow() {
+        Rig rig;
+        rig.transfer->Load(u"one"_s);
+        rig.transfer->Load(u"two"_s);
+        QCOMPARE(rig.Steps(), u"49 one/ 0; 49 two/ 0"_s);
+        QCOMPARE(rig.After(GlobalPage(3, true)), u"49 / 1 <settings>"_s);
+        QCOMPARE(rig.After(GlobalPage(3, true)), u"49 / 1 <settings>"_s);
+        const auto page = ElementPage(1, 3, true, {Element(8, u"amp"_s)});
+        QCOMPARE(rig.After(page), u"49 / 2"_s);
+        QCOMPARE(rig.After(page), u""_s);
+        QCOMPARE(rig.After(GlobalPage(3, true)), u""_s);
+        QVERIFY(rig.After(ElementPage(2, 3, false, {Element(8, u"tv"_s)})).endsWith(u"Loaded>"));
+        QCOMPARE(DatabaseTree::MarkedNodes(rig.tree).size(), 2U);
+    }
+
+    void LostLink() {
+        Rig rig;
+        rig.Mark();
+        rig.transfer->Save(u"one"_s, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        rig.server.Close();
+        QTRY_VERIFY(!rig.session.IsUp());
+        QTRY_COMPARE(rig.transfer->Current(), DatabaseTransfer::State::Idle);
+        QCOMPARE(rig.session.PendingOp, Pending::None);
+        // A load that can't be asked for costs nobody his marks.
+        rig.transfer->Load(u"one"_s);
+        rig.transfer->Flash(0, {});
+        QCOMPARE(DatabaseTree::MarkedNodes(rig.tree).size(), 2U);
+        QCOMPARE(rig.transfer->Current(), DatabaseTransfer::State::Idle);
+        rig.session.Connect();
+        QTRY_VERIFY(rig.session.IsUp() && rig.server.HasClient());
+        rig.server.TakeLog();
+        QCOMPARE(rig.Steps(), u"<LinkLost; LinkLost; LinkLost>"_s);
+        rig.transfer->Save(u"one"_s, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+    }
+
+    void ListsFillTheTree() {
+        Rig rig;
+        rig.lists.Start();
+        QCOMPARE(rig.Steps(), u"18 / 0"_s);
+        const auto remotes = Raw::Page(6, 0, 3, 3, 0, Raw::Name(" tv ") + Raw::Name("amp") + Raw::Name("tv"));
+        const auto commands = Raw::Page(7, 0, 2, 2, 0, Raw::Command("on ") + Raw::Command("off"));
+        const auto sets = Raw::Page(17, 0, 1, 1, 0, Raw::Name(" one"));
+        QCOMPARE(rig.After(commands), u""_s); // of an earlier dialog
+        QCOMPARE(rig.After(remotes), u"19 tv/ 0 <remotes tv,amp,tv>"_s);
+        QCOMPARE(rig.After(remotes + commands), u"19 amp/ 0"_s);
+        // An error doesn't say whose it is. The next request's answer does: none came for this remote.
+        QCOMPARE(rig.After(Raw::Result(9, 0) + Raw::Result(9, 0)), u"52 / 0"_s);
+        QCOMPARE(rig.After(sets), u"19 tv/ 0"_s);
+        // Somebody else's error: the answer comes all the same.
+        QCOMPARE(rig.After(Raw::Result(9, 0) + commands), u"52 / 0"_s);
+        QCOMPARE(rig.After(sets), u"52 / 0"_s);
+        QCOMPARE(rig.After(sets), u"<sets one>"_s);
+        QCOMPARE(rig.lists.Current(), DatabaseLists::State::Idle);
+        QStringList keys;
+        for (int i = 0; i < rig.tree.Count(); ++i)
+            keys += rig.tree.At(i).Key();
+        QCOMPARE(keys.join(u' '), u"Rtv Ramp Ctv-on Ctv-off"_s);
+    }
+
+    void ListsOfAServerWithoutRemotes() {
+        Rig rig;
+        for (const QByteArray& reply : {Raw::Page(6, 0, 0, 0, 0), Raw::Result(9, 0)}) {
+            rig.lists.Start();
+            QCOMPARE(rig.Steps(), u"18 / 0"_s);
+            QVERIFY(rig.After(reply).startsWith(u"52 / 0"));
+        }
+        QCOMPARE(rig.After(Raw::Page(17, 0, 0, 0, 0)), u"52 / 0"_s);
+        QCOMPARE(rig.After(Raw::Page(17, 0, 0, 0, 0)), u"<sets >"_s);
+    }
+
+    /// A save that starts too early takes an answer of the lists for its acknowledgement.
+    void ListsRecoverFromASave() {
+        Rig rig;
+        rig.lists.Start();
+        rig.Steps();
+        QVERIFY(rig.After(Raw::Page(6, 0, 1, 1, 0, Raw::Name("tv"))).startsWith(u"19 tv/ 0"));
+        rig.transfer->Save(u"one"_s, {});
+        QCOMPARE(rig.Steps(), u"46 global"_s);
+        const auto commands = Raw::Page(7, 0, 1, 1, 0, Raw::Command("on"));
+        QCOMPARE(rig.After(commands), u"48 one/ 0"_s);
+        QCOMPARE(rig.After(Raw::Ack()), u"<Stored>"_s);
+        rig.lists.Recover();
+        QCOMPARE(rig.Steps(), u"52 / 0"_s);
+        QCOMPARE(rig.After(Raw::Page(17, 0, 0, 0, 0)), u"19 tv/ 0"_s);
+        QCOMPARE(rig.After(commands), u"52 / 0"_s);
+        QCOMPARE(rig.tree.Count(), 2);
+    }
+};
+
+SUITE(DatabaseTransferTest);
+
+#include "database_transfer_test.moc"

@@ -1,0 +1,317 @@
+#include "translator/property_rules.h"
+#include "translator/translator_editing_rules.h"
+
+#include "support/suite.h"
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+using enum TranslatorKind;
+
+/// A remote with a shift key, a group in that and another beside it; a command with a step in the root, in
+/// the group and a macro in the remote.
+struct Garden {
+    Garden() {
+        ResetTranslatorTree(tree);
+        const auto add = [this](const QString& at, TranslatorKind kind, const QString& command) {
+            return AddFromSource(tree, at, kind, u"tv"_s, command);
+        };
+        remote = AddRemote(tree, u" TV "_s);
+        multi = add(remote, Multi, u"m"_s);
+        inner = add(multi, Group, u"g"_s);
+        group = add(remote, Group, u"g"_s);
+        rootMulti = add(root, Multi, u"m"_s);
+        command = add(root, Command, u"1"_s);
+        macro = add(remote, Macro, u"2"_s);
+        grouped = add(group, Command, u"3"_s);
+        step = DropCommand(tree, command, {u"amp"_s, u"+"_s}, 0);
+        groupedStep = DropCommand(tree, grouped, {u"amp"_s, u"-"_s}, 0);
+    }
+
+    KeyedTree tree;
+    QString root = TranslatorRootKey;
+    QString remote, multi, inner, group, rootMulti, command, macro, grouped, step, groupedStep;
+};
+
+QStringList ChildKeys(const KeyedTree& tree, const QString& key) {
+    QStringList keys;
+    for (int row = 0; row < tree.Find(key)->Children(); ++row)
+        keys += tree.Find(key)->Child(row).Key();
+    return keys;
+}
+
+const TranslatorDevice NewDevice{u"E"_s, u"5.08.17"_s, 0x09000002, 0x00404000};
+const TranslatorDevice OldDevice{u"U"_s, u"4.05.01"_s, 0, 0};
+
+/// The state of what excludes one another: letters of what is on, then of what can be used.
+QString Shown(const CommandProperties& p) {
+    QString text;
+    const auto letter = [&text](bool on, char16_t c) { text += on ? QChar(c) : QChar(u'-'); };
+    letter(p.isAccelerated, u'A');
+    letter(p.relay > 0, u'R');
+    letter(p.isToggleMacro, u'T');
+    letter(p.isPowerOn, u'1');
+    letter(p.isPowerOff, u'0');
+    text += u' ';
+    letter(p.canAccelerate, u'A');
+    letter(p.canRepeat, u'r');
+    letter(p.canRelay, u'R');
+    letter(p.canRelayNumber, u'n');
+    letter(p.canToggleMacro, u'T');
+    letter(p.canPowerOn, u'1');
+    letter(p.canPowerOff, u'0');
+    return text;
+}
+
+} // namespace
+
+class TranslatorRulesTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void WhereNewNodesGo() {
+        const Garden g;
+        QCOMPARE(g.inner, u"GRPMULREMTV\\tv@m\\tv@g"_s);
+        const struct {
+            QString selected;
+            QString group;
+            QString multi;
+            QString command;
+        } rows[] = {
+            {{}, {}, {}, g.root},
+            {u"REMgone"_s, {}, {}, g.root},
+            {g.root, {}, g.root, g.root},
+            {g.remote, g.remote, g.remote, g.remote},
+            {g.multi, g.multi, {}, g.multi},
+            {g.rootMulti, {}, {}, g.rootMulti},
+            {g.group, {}, g.group, g.group},
+            {g.inner, {}, g.inner, g.inner},
+            {g.command, {}, {}, g.root},
+            {g.macro, {}, {}, g.remote},
+            {g.grouped, {}, {}, g.group},
+            {g.step, {}, g.root, g.root},
+            {g.groupedStep, {}, g.group, g.group},
+        };
+        for (const auto& row : rows) {
+            QCOMPARE(ContainerForNew(g.tree, row.selected, Group), row.group);
+            QCOMPARE(ContainerForNew(g.tree, row.selected, Multi), row.multi);
+            QCOMPARE(ContainerForNew(g.tree, row.selected, Command), row.command);
+            QCOMPARE(ContainerForNew(g.tree, row.selected, Macro), row.command);
+        }
+        Garden again;
+        const int count = again.tree.Count();
+        QCOMPARE(AddFromSource(again.tree, again.remote, Group, u"tv"_s, u"g"_s), QString());
+        QCOMPARE(AddFromSource(again.tree, again.remote, Command, u"tv"_s, u"a\\b"_s), QString());
+        QCOMPARE(again.tree.Count(), count);
+    }
+
+    void WhichCommandsAreFree() {
+        const Garden g;
+        const QStringList all = {u"1"_s, u"2"_s, u"3"_s, u"g"_s};
+        QCOMPARE(FreeCommands(g.tree, g.root, u"tv"_s, all), QStringList{u"g"_s});
+        QCOMPARE(FreeCommands(g.tree, {}, u"tv"_s, all), QStringList{u"g"_s});
+        QCOMPARE(FreeCommands(g.tree, g.macro, u"tv"_s, all), QStringList{u"g"_s});
+        for (const QString& inGroup : {g.group, g.grouped, g.groupedStep})
+            QCOMPARE(FreeCommands(g.tree, inGroup, u"tv"_s, all), (QStringList{u"1"_s, u"2"_s, u"g"_s}));
+        QCOMPARE(FreeCommands(g.tree, g.multi, u"tv"_s, all),
+                 (QStringList{u"1"_s, u"2"_s, u"3"_s}));           // it holds tv.g
+        QVERIFY(!IsCommandFree(g.tree, g.root, u"amp"_s, u"+"_s)); // steps count
+        QVERIFY(IsCommandFree(g.tree, g.group, u"amp"_s, u"+"_s));
+    }
+
+    void NamesOfRemotes() {
+        Garden g;
+        for (const QString& name : {QString(), u"  "_s, u"tv"_s, u" Tv"_s, u"a\\b"_s})
+            QVERIFY2(!CanAddRemote(g.tree, name), qPrintable(name));
+        QCOMPARE(AddRemote(g.tree, u"tv"_s), QString());
+        QCOMPARE(AddRemote(g.tree, QString(90, u'x')), u"REM"_s + QString(80, u'x'));
+        QCOMPARE(AddRemote(g.tree, u"Я"_s), u"REM?"_s);
+        QVERIFY(!CanAddRemote(g.tree, u"Ж"_s));
+    }
+
+    void Drops() {
+        Garden g;
+        const QByteArray bytes = EncodeDrag({u"amp"_s, u"+"_s});
+        QCOMPARE(bytes, QByteArray("amp").leftJustified(80) + QByteArray("+").leftJustified(20));
+        QCOMPARE(DecodeDrag(bytes)->command, u"+"_s);
+        QVERIFY(!DecodeDrag(bytes.chopped(1)) && !DecodeDrag(bytes + ' '));
+        const DraggedCommand drag{u"amp"_s, u"x"_s};
+        for (const QString& key : {g.root, g.remote, g.group, g.multi, g.step, u"RCVgone"_s, QString()})
+            QVERIFY2(!AcceptsDrop(g.tree, key) && DropCommand(g.tree, key, drag, 0).isEmpty(),
+                     qPrintable(key));
+
+        // A plain command's step is replaced.
+        QCOMPARE(DropCommand(g.tree, g.command, drag, 0), u"SND"_s + g.command);
+        QCOMPARE(g.tree.Find(g.command)->Children(), 1);
+        QCOMPARE(g.tree.Find(g.step)->Text(), u"amp.x"_s);
+        QCOMPARE(g.tree.Find(g.step)->Tag(), u"amp\\x\\6\\65535"_s);
+        // An accelerated one has two.
+        ApplyTag(g.tree, g.command, u"tv\\1\\2\\65535\\0\\51\\750"_s);
+        QCOMPARE(g.tree.Find(g.command)->Image(), u"Volumemacro"_s);
+        const QStringList two = {u"SND"_s + g.command, u"SND@"_s + g.command};
+        DropCommand(g.tree, g.command, drag, 0);
+        QCOMPARE(ChildKeys(g.tree, g.command), two);
+        DropCommand(g.tree, g.command, {u"amp"_s, u"y"_s}, 0);
+        QCOMPARE(ChildKeys(g.tree, g.command), two);
+        QCOMPARE(g.tree.Find(two[1])->Text(), u"amp.y"_s);
+        int deleted = 0;
+        QVERIFY(DeleteNode(g.tree, two[0], deleted));
+        DropCommand(g.tree, g.command, drag, deleted);
+        QCOMPARE(ChildKeys(g.tree, g.command), (QStringList{two[1], two[0]}));
+
+        // Keys of a macro's steps stay unique.
+        deleted = 0;
+        for (int i = 0; i < 2; ++i)
+            DropCommand(g.tree, g.macro, drag, deleted);
+        DeleteNode(g.tree, u"SND0"_s + g.macro, deleted);
+        QCOMPARE(DropCommand(g.tree, g.macro, drag, deleted), u"SND2"_s + g.macro);
+        QCOMPARE(g.tree.Find(u"SND2"_s + g.macro)->Tag(), u"amp\\x\\6\\65535\\100"_s);
+
+        AddNode(g.tree, MakeReceived(Toggle, g.root, {u"tv"_s, u"t"_s, 70}));
+        int dropped = 0;
+        while (!DropCommand(g.tree, u"TOGCON\\tv@t"_s, drag, 0).isEmpty())
+            ++dropped;
+        QCOMPARE(dropped, 5);
+    }
+
+    void MenusAndWhatTheyDo() {
+        Garden g;
+        const std::pair<QString, int> menus[] = {{g.root, 40},    {g.remote, 30},  {g.group, 50},
+                                                 {g.multi, 50},   {g.command, 10}, {g.macro, 10},
+                                                 {u"TOGx"_s, 10}, {g.step, 20},    {{}, 0}};
+        for (const auto& [key, menu] : menus) {
+            QCOMPARE(int(MenuFor(key)), menu);
+            QCOMPARE(OffersProperties(MenuFor(key)), menu > 0 && menu < 50);
+            QCOMPARE(OffersDelete(MenuFor(key)), menu > 0 && menu != 40);
+        }
+        ApplySendTag(g.tree, g.step, {});
+        QCOMPARE(g.tree.Find(g.step)->Tag(), u"amp\\+\\6\\65535"_s);
+        ApplySendTag(g.tree, g.step, u"3\\0\\IO101"_s);
+        QCOMPARE(g.tree.Find(g.step)->Tag(), u"amp\\+\\6\\3\\0\\IO101"_s);
+        int deleted = 0;
+        QVERIFY(!DeleteNode(g.tree, g.root, deleted));
+        QVERIFY(DeleteNode(g.tree, g.step, deleted));
+        QVERIFY(DeleteNode(g.tree, g.group, deleted)); // with a step below it
+        QCOMPARE(deleted, 1);
+        QVERIFY(g.tree.Find(g.groupedStep) == nullptr);
+    }
+
+    void Devices() {
+        QVERIFY(!KnowsShiftKeys(u"0.1 - U4.04.26  "_s) && KnowsShiftKeys(u"0.1 - U4.04.27  "_s));
+        QVERIFY(NewDevice.HasNames() && !OldDevice.HasNames());
+        QVERIFY((!TranslatorDevice{u"G"_s, u"5.04.04"_s}.HasNames() &&
+                 TranslatorDevice{u"G"_s, u"5.04.05  "_s}.HasNames()));
+    }
+
+    void PropertiesOfCommands() {
+        const QString fresh = u"tv\\1\\1\\65535\\0\\0\\0"_s;
+        auto p = FillTransRcv(fresh, NewDevice);
+        QCOMPARE(Shown(p), u"----- A-Rn---"_s);
+        QCOMPARE(PackTransRcv(p), fresh);
+        SetAccelerated(p, NewDevice, true);
+        QCOMPARE(Shown(p), u"A---- Ar-----"_s);
+        QCOMPARE(PackTransRcv(p), u"tv\\1\\2\\65535\\0\\51\\750"_s);
+        p.timeout = u"9999"_s;
+        QVERIFY(PackTransRcv(p).endsWith(u"\\4087"));
+        p.timeout = u"many"_s;
+        QVERIFY(PackTransRcv(p).endsWith(u"\\0"));
+        SetAccelerated(p, NewDevice, false);
+        QCOMPARE(PackTransRcv(p), fresh);
+        SetRelay(p, 2);
+        p.relayNumber = 1;
+        QCOMPARE(Shown(p), u"-R--- --Rn---"_s);
+        QCOMPARE(PackTransRcv(p), u"tv\\1\\1\\65535\\0\\0\\160"_s);
+        SetRelay(p, 0);
+        QCOMPARE(Shown(p), u"----- A-Rn---"_s);
+
+        // What was stored comes up as it was, also where it can't be switched off.
+        p = FillTransRcv(u"tv\\1\\2\\3\\182\\66\\752", NewDevice);
+        QCOMPARE(Shown(p), u"A---- -r-----"_s);
+        QCOMPARE(p.repeatAfter * 100 + p.repeatCount, 401);
+        QCOMPARE(p.led * 100 + p.sbus * 10 + p.pc, 1142);
+        QCOMPARE(PackTransRcv(p), u"tv\\1\\2\\3\\182\\66\\752"_s);
+        p = FillTransRcv(u"tv\\1\\1\\65535\\182\\0\\160", OldDevice);
+        QCOMPARE(Shown(p), u"----- -------"_s);
+        QCOMPARE(PackTransRcv(p), u"tv\\1\\1\\65535\\6\\0\\0"_s);
+        // Relays without numbers, two relays, and the private-label model.
+        p = FillTransRcv(u"tv\\1\\1\\65535\\0\\0\\160", {u"U"_s, u"4.05.02"_s, 0, 0});
+        QCOMPARE(Shown(p), u"-R--- --R----"_s);
+        QVERIFY(PackTransRcv(p).endsWith(u"\\32"));
+        QCOMPARE(FillTransRcv(fresh, {u"U"_s, u"5"_s, 0, 0x200}).relayNumbers, 2);
+        p = FillTransRcv(u"tv\\1\\1\\65535\\15\\0\\0", {u"Y"_s, u"5"_s});
+        QVERIFY(!p.showsRelays && !p.showsSbus && p.pc == 3 && p.sbus == 0);
+    }
+
+    void PropertiesOfMacros() {
+        const QString fresh = u"tv\\1\\102\\65535\\0\\0\\0"_s;
+        auto p = FillTransRcv(fresh, OldDevice);
+        QCOMPARE(Shown(p), u"----- ----T10"_s);
+        SetToggleMacro(p, true);
+        QCOMPARE(Shown(p), u"--T-- ----T--"_s);
+        QVERIFY(PackTransRcv(p).endsWith(u"\\0\\96"));
+        SetToggleMacro(p, false);
+        SetPowerOn(p, true);
+        QCOMPARE(Shown(p), u"---1- -----10"_s);
+        SetPowerOff(p, true);
+        QCOMPARE(Shown(p), u"----0 -----10"_s);
+        QVERIFY(PackTransRcv(p).endsWith(u"\\0\\128"));
+        SetPowerOff(p, false);
+        QCOMPARE(Shown(p), u"----- ----T10"_s);
+        QCOMPARE(PackTransRcv(p), fresh);
+        for (const QString& param : {u"96"_s, u"112"_s, u"128"_s}) {
+            const QString tag = fresh.chopped(1) + param;
+            QCOMPARE(PackTransRcv(FillTransRcv(tag, OldDevice)), tag);
+        }
+        // A macro never becomes a command.
+        p = FillTransRcv(fresh, NewDevice);
+        SetRelay(p, 1);
+        SetRelay(p, 0);
+        QVERIFY(!p.canAccelerate);
+    }
+
+    void PropertiesOfSteps() {
+        const QString macro = u"MACCON\\a@b"_s;
+        auto p = FillTransSnd(u"a\\b\\6\\65535\\100", macro, NewDevice);
+        QVERIFY(p.canTimeout && p.canCondition && !p.canChooseInput);
+        QCOMPARE(PackTransSnd(p), u"65535\\100\\0"_s);
+        p.timeout = u"5000"_s;
+        SetConditional(p, true);
+        QCOMPARE(PackTransSnd(p), u"65535\\4000\\IO100"_s); // nothing chosen: the first
+        SetInput(p, 1);
+        QCOMPARE(p.value, 0);
+        p.value = 1;
+        p.timeout = u"-3"_s;
+        QCOMPARE(PackTransSnd(p), u"65535\\0\\IO111"_s);
+        SetConditional(p, false);
+        QVERIFY(p.input == -1 && p.value == -1 && !p.canChooseInput);
+        for (const QString& tag : {u"1\\7\\IO101"_s, u"1\\7\\IO110"_s})
+            QCOMPARE(PackTransSnd(FillTransSnd(u"a\\b\\6\\"_s + tag, macro, NewDevice)), tag);
+        // Under a command there is no pause; without inputs no condition; with one input it is chosen.
+        QCOMPARE(PackTransSnd(FillTransSnd(u"a\\b\\6\\1\\7\\IO111", u"RCVCON\\a@b", OldDevice)),
+                 u"1\\0\\0"_s);
+        p = FillTransSnd(u"a\\b\\6\\1", u"RCVCON\\a@b", {u"E"_s, u"5"_s, 0, 0x00400000});
+        SetConditional(p, true);
+        QCOMPARE(p.input, 0);
+        QCOMPARE(PackTransSnd(p), u"1\\0\\IO110"_s);
+    }
+
+    void PropertiesOfContainers() {
+        const QString root = u"CON\\Config\\65535\\3\\10"_s;
+        auto p = FillTransRem(root, NewDevice);
+        QVERIFY(p.isRoot && p.translatesLan && p.translatesSbus && p.pc == 2 && p.sbus == 8);
+        QCOMPARE(PackTransRem(p), root);
+        p.translatesLan = false;
+        QCOMPARE(PackTransRem(p), u"CON\\Config\\65535\\3\\26"_s);
+        p.translatesSbus = false;
+        QCOMPARE(PackTransRem(p), u"CON\\Config\\65535\\3\\58"_s);
+        p = FillTransRem(u"CON\\Config\\1\\2\\58", OldDevice);
+        QVERIFY(!p.canLan && !p.canSbus && !p.translatesLan && !p.translatesSbus);
+        QCOMPARE(PackTransRem(p), u"CON\\Config\\1\\2\\10"_s);
+        QCOMPARE(PackTransRem(FillTransRem(u"REM\\tv\\1\\2\\15", OldDevice)), u"REM\\tv\\1\\2\\15"_s);
+    }
+};
+
+SUITE(TranslatorRulesTest);
+
+#include "translator_rules_test.moc"
