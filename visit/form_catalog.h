@@ -62,8 +62,8 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
-        new frmStartupText(services, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
+        new frmStartupText(services, parent),
         new frmTranslatorWait(services, parent),
     };
 }
