@@ -46,21 +46,6 @@ inline DeviceEntry CatalogExtendedDevice() {
     return entry;
 }
 
-/// Two buses with devices of several kinds.
-inline std::vector<DeviceBus> CatalogBuses() {
-    DeviceEntry usb;
-    usb.Version = QStringLiteral("V5.19.07");
-    usb.Mode = 0xFF;
-    usb.ExtMode = 0x0F;
-    usb.SendMask = 0xF00F;
-    usb.Capabilities = 0x00205802;
-    DeviceEntry lcd;
-    lcd.Version = QStringLiteral("L3.01.01");
-    DeviceEntry lan = usb;
-    lan.Version = QStringLiteral("G6.05.10");
-    return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
-}
-
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
 /// languages.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
