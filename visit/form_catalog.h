@@ -1,14 +1,17 @@
 #pragma once
 
 #include "database/frmIRDBStatus.h"
-#include "learn/frmProgramm.h"
-#include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
 #include "device/frmStartupText.h"
+#include "learn/frmCCF.h"
+#include "learn/frmProgramm.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTransRcvProperties.h"
+#include "translator/frmTransRemProperties.h"
+#include "translator/frmTransSndProperties.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -28,6 +31,11 @@ inline std::vector<DeviceBus> CatalogBuses() {
     return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
 }
 
+/// A device with all that a translator can have but inputs.
+inline TranslatorDevice CatalogTranslatorDevice() {
+    return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
+}
+
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
 /// languages.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
@@ -44,6 +52,12 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmLog(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmStartupText(services, parent),
+        new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
+                                  QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
         new frmTranslatorWait(services, parent),
     };
 }
