@@ -9,6 +9,7 @@
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -44,6 +45,7 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmLog(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmStartupText(services, parent),
+        new frmTranslator(services, {}, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }

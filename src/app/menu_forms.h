@@ -6,6 +6,7 @@
 #include "link/status_store.h"
 #include "panel/frmIP.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 /// Knows which menu entry opens which form, and what the arrival of a device status opens.
@@ -43,5 +44,6 @@ private:
     FormSlot<frmSendFree> freeSend;
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
+    FormSlot<frmTranslator> translator;
     FormSlot<frmTranslatorWait> wait;
 };

@@ -170,7 +170,6 @@ void TranslatorTransfer::Fill() {
         End(pagesAwaited > 0 ? State::Loading : State::Idle, Outcome::Loaded);
 }
 
-/// Stops what runs without a word.
 void TranslatorTransfer::GiveUp() {
     // The acknowledgement of the element that is out must not take another reply's place.
     if (IsSending() && session.PendingOp == Pending::TranslatorElement)
