@@ -1,15 +1,19 @@
 #pragma once
 
 #include "database/frmIRDBStatus.h"
-#include "learn/frmProgramm.h"
-#include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
 #include "device/frmStartupText.h"
+#include "learn/frmCCF.h"
+#include "learn/frmProgramm.h"
+#include "device/frmSetModusEx.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
 #include "translator/frmTranslator.h"
+#include "translator/frmTransRcvProperties.h"
+#include "translator/frmTransRemProperties.h"
+#include "translator/frmTransSndProperties.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -27,6 +31,23 @@ inline std::vector<DeviceBus> CatalogBuses() {
     DeviceEntry lan = usb;
     lan.Version = QStringLiteral("G6.05.10");
     return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
+/// A device whose extended settings are nearly all on offer.
+inline DeviceEntry CatalogExtendedDevice() {
+    DeviceEntry entry;
+    entry.Version = QStringLiteral("F6.04.43");
+    entry.Mode = 0xDF;
+    entry.ExtMode = 0x37;
+    entry.Capabilities = 0x0020582E;
+    entry.ExtCapabilities = 0xC87F6D00;
+    entry.Receivers = 0xA4;
+    entry.CodeFlags = 0x33;
+    entry.SendMask = 0x0131;
+    return entry;
+}
+
+/// A device with all that a translator can have but inputs.
+inline TranslatorDevice CatalogTranslatorDevice() {
+    return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
@@ -46,6 +67,13 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmStartupText(services, parent),
         new frmTranslator(services, {}, {}, parent),
+        new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
+                                  QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
+        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }

@@ -37,21 +37,21 @@ private:
     QLineEdit* txtRemote = nullptr;
     MaskBoxes* chkMask = nullptr;
     ComboBox* cmbPC = nullptr;
+    QLabel* Label5 = nullptr;
     ComboBox* cmbSBUS = nullptr;
+    QLabel* Label3 = nullptr;
     ComboBox* cmbLEDSelect = nullptr;
+    QGroupBox* Frame2 = nullptr;
     QCheckBox* chkAcc = nullptr;
+    std::vector<QLabel*> repetitionTitles; ///< lblRepeat1, lblRepeat2, lbltimeout
     ComboBox* cmbRepeat1 = nullptr;
     ComboBox* cmbRepeat2 = nullptr;
     QLineEdit* txtTimeout = nullptr;
     QGroupBox* Frame3 = nullptr;
+    QLabel* lblRelais = nullptr;
     ComboBox* cmbRelais = nullptr;
     ComboBox* cmbRelNum = nullptr;
     QCheckBox* chkToggle = nullptr;
     QCheckBox* chkOn = nullptr;
     QCheckBox* chkOff = nullptr;
-
-    QLabel* sbusTitle = nullptr;
-    QLabel* ledTitle = nullptr;
-    QLabel* relayTitle = nullptr;
-    std::vector<QLabel*> repetitionTitles;
 };

@@ -5,6 +5,8 @@
 #include "forms/mask_boxes.h"
 #include "translator/property_rules.h"
 
+#include <QGridLayout>
+
 /// The properties of a send step.
 class frmTransSndProperties : public Form {
     Q_OBJECT
@@ -21,8 +23,7 @@ signals:
     void TagChanged(const QString& tag);
 
 private:
-    QLayout* MakeTimeout(QWidget* parent);
-    QLayout* MakeCondition(QWidget* parent);
+    void AddCondition(QGridLayout& grid);
     void Connect();
     /// Brings what a rule has changed to the controls.
     void Show();
@@ -30,6 +31,7 @@ private:
     SendProperties properties;
 
     MaskBoxes* chkMask = nullptr;
+    QLabel* lblTimeout = nullptr;
     QLineEdit* txtTimeout = nullptr;
     QCheckBox* chkSndIO = nullptr;
     ComboBox* cmbSndIO = nullptr;
