@@ -3,10 +3,10 @@
 #include "database/frmIRDBStatus.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
+#include "device/frmSetModusEx.h"
 #include "device/frmStartupText.h"
 #include "learn/frmCCF.h"
 #include "learn/frmProgramm.h"
-#include "device/frmSetModusEx.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
@@ -31,6 +31,8 @@ inline std::vector<DeviceBus> CatalogBuses() {
     DeviceEntry lan = usb;
     lan.Version = QStringLiteral("G6.05.10");
     return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
+}
+
 /// A device whose extended settings are nearly all on offer.
 inline DeviceEntry CatalogExtendedDevice() {
     DeviceEntry entry;
@@ -55,16 +57,14 @@ inline TranslatorDevice CatalogTranslatorDevice() {
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
     return {
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
+        new frmDeviceMode(services, CatalogBuses(), parent),
         new frmIP(services, parent),
         new frmIRDBStatus(services, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
-        new frmDeviceMode(services, CatalogBuses(), parent),
-        new frmIP(services, parent),
-        new frmIRDBStatus(services, parent),
-        new frmLog(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
+        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmStartupText(services, parent),
         new frmTranslator(services, {}, {}, parent),
         new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
@@ -73,7 +73,6 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
                                   CatalogTranslatorDevice(), parent),
         new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
                                   QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
-        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }

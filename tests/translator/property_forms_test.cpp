@@ -1,3 +1,4 @@
+#include "base/tag_fields.h"
 #include "translator/frmTransRcvProperties.h"
 #include "translator/frmTransRemProperties.h"
 #include "translator/frmTransSndProperties.h"
@@ -117,34 +118,34 @@ class PropertyFormsTest : public QObject {
 private slots:
     void WhatIsNotChangedComesBack() {
         QRandomGenerator random(631);
-        const auto below = [&random](int limit) { return QString::number(random.bounded(limit)); };
+        const auto from = [&random](int first, int last) {
+            return QString::number(first + random.bounded(last - first + 1));
+        };
         const auto oneOf = [&random](const QStringList& texts) {
             return texts[random.bounded(int(texts.size()))];
         };
-        PropertyRig rig;
+        const auto mask = [&] { return from(0, 65535); };
+        const auto flags = [&] { return from(0, 191); };
+        const auto comesBack = [](const QStringList& fields, const QString& stepParent = {}) {
+            const QString tag = fields.join(TagSeparator);
+            PropertyRig rig;
+            rig.Open(tag, u"all"_s, stepParent);
+            QCOMPARE(rig.Press("cmdOK"), stepParent.isEmpty() ? tag : fields.sliced(3).join(TagSeparator));
+        };
         for (int round = 0; round < 60; ++round) {
-            const QString masks = below(65536) + u'\\' + below(65536) + u'\\';
-            const QString received = below(65536) + u'\\' + below(192) + u'\\';
-            const QString names = u"Gerät %1\\Taste %2\\"_s.arg(round).arg(below(99));
+            comesBack({u"CON"_s, u"Config"_s, mask(), mask(), from(0, 63)});
+            comesBack({u"REM"_s, u"Gerät"_s, mask(), mask(), from(0, 63)});
             const int relay = random.bounded(5);
             const int relayWord = relay == 0 ? 0 : 16 * relay + 128 * random.bounded(4);
-            const QString repeat = QString::number(random.bounded(16) * 16 + 1 + random.bounded(15));
-            for (const QString& tag :
-                 {u"CON\\Config\\"_s + masks + below(64), u"REM\\Fernseher\\"_s + masks + below(64),
-                  names + u"1\\" + received + u"0\\" + QString::number(relayWord),
-                  names + u"2\\" + received + repeat + u'\\' + below(4088),
-                  names + QString::number(100 + random.bounded(156)) + u'\\' + received + u"0\\" +
-                      oneOf({u"0"_s, u"96"_s, u"112"_s, u"128"_s}),
-                  names + QString::number(70 + random.bounded(30)) + u'\\' + received + u"0\\0"}) {
-                rig.Open(tag);
-                QCOMPARE(rig.Press("cmdOK"), tag);
-            }
-            for (const QString& parent : {MacroKey, CommandKey}) {
-                const QString step = below(65536) + u'\\' + (parent == MacroKey ? below(4001) : u"0"_s) +
-                                     u'\\' + oneOf({u"0"_s, u"IO100"_s, u"IO101"_s, u"IO110"_s, u"IO111"_s});
-                rig.Open(names + u"6\\" + step, u"all"_s, parent);
-                QCOMPARE(rig.Press("cmdOK"), step);
-            }
+            comesBack({u"tv"_s, u"on"_s, u"1"_s, mask(), flags(), u"0"_s, QString::number(relayWord)});
+            const QString repeat = QString::number(16 * random.bounded(16) + 1 + random.bounded(15));
+            comesBack({u"tv"_s, u"on"_s, u"2"_s, mask(), flags(), repeat, from(0, 4087)});
+            comesBack({u"tv"_s, u"on"_s, from(100, 255), mask(), flags(), u"0"_s,
+                       oneOf({u"0"_s, u"96"_s, u"112"_s, u"128"_s})});
+            comesBack({u"tv"_s, u"on"_s, from(70, 99), mask(), flags(), u"0"_s, u"0"_s});
+            const QStringList conditions = {u"0"_s, u"IO100"_s, u"IO101"_s, u"IO110"_s, u"IO111"_s};
+            comesBack({u"tv"_s, u"on"_s, u"6"_s, mask(), from(0, 4000), oneOf(conditions)}, MacroKey);
+            comesBack({u"tv"_s, u"on"_s, u"6"_s, mask(), u"0"_s, oneOf(conditions)}, CommandKey);
         }
     }
 
@@ -273,7 +274,7 @@ private slots:
 
         // The root says what the standard is.
         for (const bool isRoot : {true, false}) {
-            form = rig.Open((isRoot ? u"CON"_s : u"REM"_s) + u"\\tv\\65535\\3\\10");
+            form = rig.Open((isRoot ? u"CON"_s : u"REM"_s) + u"\\tv\\65535\\3\\10"_s);
             for (const char* name : {"txtRemote", "lblCommand"})
                 QCOMPARE(form->findChild<QWidget*>(QLatin1StringView(name))->isHidden(), isRoot);
             for (const char* name : {"chkLAN", "chkSBUS"})
