@@ -10,10 +10,10 @@
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
-#include "translator/frmTranslator.h"
 #include "translator/frmTransRcvProperties.h"
 #include "translator/frmTransRemProperties.h"
 #include "translator/frmTransSndProperties.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -66,13 +66,13 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmStartupText(services, parent),
-        new frmTranslator(services, {}, {}, parent),
         new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
                                   CatalogTranslatorDevice(), parent),
         new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
                                   CatalogTranslatorDevice(), parent),
         new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
                                   QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
+        new frmTranslator(services, {}, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }
