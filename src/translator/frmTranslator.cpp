@@ -11,8 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int TreeColumns = 44; ///< characters for which the tree has room at first
-constexpr int TreeRows = 24;
+constexpr int TreeColumns = 30; ///< characters for which the tree has room at least
+constexpr QSize StartSize = {860, 540};
 
 KeyedTree& WithRoot(KeyedTree& tree) {
     ResetTranslatorTree(tree);
@@ -25,13 +25,13 @@ frmTranslator::frmTranslator(const FormServices& services, const TranslatorDevic
                              const QString& panelTitle, QWidget* parent)
     : Form(services, u"frmTranslator"_s, u"Vantrel Translator Config"_s, parent)
     , transfer(services.session, tree, nullptr)
-    , tvwConfig(new TranslatorTreeView(services, u"tvwConfig"_s, WithRoot(tree), devices.first, this))
-    , source(new TranslatorSourceControls(services, tree, tvwConfig, this))
-    , target(new TranslatorTargetControls(services, tree, tvwConfig, this))
     , txtName(MakeEditableComboBox(u"txtName"_s, this))
     , Label2(nullptr)
     , cmbDevice(MakeNameList(u"cmbDevice"_s, this))
     , chkNames(MakeCheckBox(u"chkNames"_s, u"Include Names"_s, this))
+    , tvwConfig(new TranslatorTreeView(services, u"tvwConfig"_s, WithRoot(tree), devices.first, this))
+    , source(new TranslatorSourceControls(services, tree, tvwConfig, this))
+    , target(new TranslatorTargetControls(services, tree, tvwConfig, this))
     , cmdSave(MakeButton(u"cmdSave"_s, u"Speichern"_s, this))
     , cmdFlash(MakeButton(u"cmdFlash"_s, u"Flashen"_s, this))
     , cmdLoad(MakeButton(u"cmdLoad"_s, u"Laden"_s, this))
@@ -46,6 +46,8 @@ frmTranslator::frmTranslator(const FormServices& services, const TranslatorDevic
     grid->addLayout(MakeFoot(), 2, 0, 1, 3);
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(1, 1);
+    resize(StartSize);
+    setTabOrder(source->LastControl(), tvwConfig);
     services.session.SaveState = SaveStateKind::Named;
 
     Connect();
@@ -56,7 +58,6 @@ frmTranslator::frmTranslator(const FormServices& services, const TranslatorDevic
         services.language.GetLanguageText(u"frmTranslator.Progress"_s, u"Element %v von %m"_s));
     ShowDevices(devices);
     tvwConfig->Select(TranslatorRootKey);
-    tvwConfig->setFocus();
     AskServer();
 }
 
@@ -80,7 +81,6 @@ QWidget* frmTranslator::MakeTreeFrame() {
     auto* rows = new QVBoxLayout(frame);
     rows->addWidget(tvwConfig);
     frame->setMinimumWidth(fontMetrics().averageCharWidth() * TreeColumns);
-    tvwConfig->setMinimumHeight(fontMetrics().height() * TreeRows);
     return frame;
 }
 
@@ -109,6 +109,11 @@ void frmTranslator::Connect() {
     connect(cmdFlash, &QPushButton::clicked, this, &frmTranslator::Flash);
     connect(cmdLoad, &QPushButton::clicked, this, &frmTranslator::Load);
     connect(cmbExit, &QPushButton::clicked, this, &Form::Unload);
+
+    // What was stored is no longer what stands in the tree.
+    connect(&tree, &QAbstractItemModel::rowsInserted, lblState, &QLabel::clear);
+    connect(&tree, &QAbstractItemModel::rowsRemoved, lblState, &QLabel::clear);
+    connect(&tree, &QAbstractItemModel::dataChanged, lblState, &QLabel::clear);
 
     connect(&transfer, &TranslatorTransfer::Progress, this, &frmTranslator::ShowProgress);
     connect(&transfer, &TranslatorTransfer::Refused, this, &frmTranslator::ShowRefusal);

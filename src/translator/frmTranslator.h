@@ -44,13 +44,13 @@ private:
 
     KeyedTree tree;
     TranslatorTransfer transfer;
-    TranslatorTreeView* tvwConfig;
-    TranslatorSourceControls* source;
-    TranslatorTargetControls* target;
     EditableComboBox* txtName;
     QLabel* Label2;
     ComboBox* cmbDevice; ///< item data: the device tag
     QCheckBox* chkNames;
+    TranslatorTreeView* tvwConfig;
+    TranslatorSourceControls* source;
+    TranslatorTargetControls* target;
     QPushButton* cmdSave;
     QPushButton* cmdFlash;
     QPushButton* cmdLoad;

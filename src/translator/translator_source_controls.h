@@ -27,6 +27,9 @@ public:
     /// Says to which device the set is to go, as its list shows it: not every one knows shift keys.
     void SetDevice(const QString& text);
 
+    /// The last one of the tab order.
+    QWidget* LastControl() const { return cmdAddRem; }
+
 private:
     void MakeLayout();
     void AskForCommands();
