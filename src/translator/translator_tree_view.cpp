@@ -46,19 +46,15 @@ void TranslatorTreeView::MakeMenu(TranslatorMenu menu, const QString& items, For
     auto* popup = new QMenu(form);
     popup->setObjectName(ElementName(u"fnuPopupTree"_s, int(menu)));
     int item = FirstItem;
-    const auto add = [&](const QString& caption, Qt::Key key,
-                         void (TranslatorTreeView::*effect)(const QString&)) {
+    const auto add = [&](const QString& caption, void (TranslatorTreeView::*effect)(const QString&)) {
         auto* action = popup->addAction(caption, this, [this, effect] { (this->*effect)(MenuNode); });
         action->setObjectName(ElementName(items, item));
-        // The tree itself hears the key; here it is shown.
-        action->setShortcut(key);
-        action->setShortcutVisibleInContextMenu(true);
         item = SecondItem;
     };
     if (OffersProperties(menu))
-        add(u"Eigenschaften"_s, Qt::Key_Return, &TranslatorTreeView::OpenProperties);
+        add(u"Eigenschaften"_s, &TranslatorTreeView::OpenProperties);
     if (OffersDelete(menu))
-        add(u"Löschen"_s, Qt::Key_Delete, &TranslatorTreeView::Delete);
+        add(u"Löschen"_s, &TranslatorTreeView::Delete);
     popup->setDefaultAction(popup->actions().constFirst());
     menus.insert(int(menu), popup);
 }

@@ -4,8 +4,6 @@
 #include "practice/practice_server.h"
 #include "translator/frmTranslator.h"
 
-#include <QSignalSpy>
-
 using namespace Qt::StringLiterals;
 
 namespace {
