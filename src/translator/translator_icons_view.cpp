@@ -1,12 +1,9 @@
 #include "translator/translator_icons_view.h"
 
-#include "translator/translator_tree.h"
-
 #include <QIconEngine>
 #include <QPainter>
-#include <QPainterPath>
 
-using namespace Qt::StringLiterals;
+#include <array>
 
 namespace {
 

@@ -19,6 +19,7 @@ TranslatorTargetControls::TranslatorTargetControls(const FormServices& services,
     setObjectName(u"fraTarget"_s);
     cmdAddTarget->setIcon(
         MakeTranslatorImages().value(TranslatorImage(TranslatorKind::Send, TranslatorType::Send)));
+    lvwCommands->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Expanding); // as wide as the list above it
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(MakeLabel(u"lblTarget"_s, u"Fernbedienung"_s, this, cmbTarget));
     rows->addWidget(cmbTarget);

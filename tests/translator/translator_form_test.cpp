@@ -1,6 +1,7 @@
 #include "translator/frmTranslator.h"
 
 #include "app/program_rig.h"
+#include "translator/translator_icons_view.h"
 
 #include <QContextMenuEvent>
 #include <QDropEvent>
@@ -128,6 +129,16 @@ private slots:
         if (rig.IsEnabled("cmdAddMultikey"))
             can += u"shift"_s;
         QTEST(can.join(u' '), "can");
+    }
+
+    void EveryKindOfNodeHasAPicture() {
+        const auto images = MakeTranslatorImages();
+        QSet<QByteArray> seen;
+        for (const QString& key : TranslatorImages) {
+            const QImage image = images.value(key).pixmap(20).toImage();
+            seen += QByteArray(reinterpret_cast<const char*>(image.constBits()), image.sizeInBytes());
+        }
+        QCOMPARE(seen.size(), 9);
     }
 
     void TheBrandHasACaptionOfItsOwn() {
