@@ -15,7 +15,7 @@
 namespace ModusEx {
 
 /// The check boxes; `chkMask` apart.
-enum class Box : quint8 {
+enum class Box {
     Mode0, ///< `chkMode(0)`, and so on
     Mode1,
     Mode2,
@@ -54,7 +54,7 @@ enum class Box : quint8 {
 };
 
 /// The drop-down lists.
-enum class List : quint8 {
+enum class List {
     Receiver1,
     Receiver2,
     Tolerance,
@@ -78,7 +78,7 @@ enum class List : quint8 {
 };
 
 /// The text boxes.
-enum class Text : quint8 { Timeout, Toggle, Hotremote, Hotcommand, Hotremote2, Hotcommand2, MAC, Count };
+enum class Text { Timeout, Toggle, Hotremote, Hotcommand, Hotremote2, Hotcommand2, MAC, Count };
 
 /// The code of a list in which nothing is selected.
 constexpr int NoCode = -1;
@@ -133,7 +133,6 @@ public:
     quint32 extCapabilities = 0;
     bool hasPlainReceivers = true;  ///< built-in receivers don't need to be told from external ones
     bool hasExternalSecond = false; ///< the second receiver's title is "Extern."
-    bool isPortSpeedAux = false;    ///< the speed of the RS232 port is the auxiliary one
     /// The serial bus had no speed to show when the device was read. The first return to it takes the
     /// defaults.
     bool areBusDefaultsDue = false;

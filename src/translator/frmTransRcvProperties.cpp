@@ -24,9 +24,9 @@ frmTransRcvProperties::frmTransRcvProperties(const FormServices& services, const
     auto* groups = new QGridLayout;
     groups->addWidget(MakeSettings(), 0, 0, 1, 2);
     groups->addWidget(MakeRepetition(), 1, 0, 2, 1);
-    groups->addWidget(MakeRelays(), 3, 0);
     groups->addWidget(MakeToggle(), 1, 1);
-    groups->addWidget(MakePower(), 2, 1, 2, 1);
+    groups->addWidget(MakePower(), 2, 1);
+    groups->addWidget(MakeRelays(), 3, 0, 1, 2);
     groups->setColumnStretch(0, 1);
     groups->setColumnStretch(1, 1);
     auto* column = new QVBoxLayout(this);
@@ -84,6 +84,8 @@ QGroupBox* frmTransRcvProperties::MakeRepetition() {
                         AddTitled(*grid, u"lbltimeout"_s, u"Timeout"_s, txtTimeout)};
     grid->setColumnStretch(1, 1);
     grid->setRowStretch(grid->rowCount(), 1);
+    // The box has no caption; it stands in the first row, at its middle.
+    chkAcc->setMinimumHeight(cmbRepeat1->sizeHint().height());
     auto* row = new QHBoxLayout(Frame2);
     row->addWidget(chkAcc, 0, Qt::AlignTop);
     row->addLayout(grid);

@@ -3,7 +3,7 @@
 #include "translator/frmTransRemProperties.h"
 #include "translator/frmTransSndProperties.h"
 
-#include "support/suite.h"
+#include "app/program_rig.h"
 
 #include <QLabel>
 #include <QLineEdit>
@@ -116,6 +116,8 @@ class PropertyFormsTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void init() { FailOnAnyWarning(); }
+
     void WhatIsNotChangedComesBack() {
         QRandomGenerator random(631);
         const auto from = [&random](int first, int last) {
