@@ -9,6 +9,7 @@
 #include "tools/frmAnalogIO.h"
 #include "tools/frmHTML.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 /// Knows which menu entry opens which form, and what the arrival of a device status opens.
@@ -49,5 +50,6 @@ private:
     FormSlot<frmHTML> html;
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
+    FormSlot<frmTranslator> translator;
     FormSlot<frmTranslatorWait> wait;
 };
