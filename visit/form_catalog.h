@@ -1,6 +1,8 @@
 #pragma once
 
+#include "database/frmIRDBAction.h"
 #include "database/frmIRDBStatus.h"
+#include "database/frmRemProperties.h"
 #include "learn/frmProgramm.h"
 #include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
@@ -41,13 +43,26 @@ inline DeviceEntry CatalogExtendedDevice() {
     return entry;
 }
 
+/// A command whose first action is an EZ message and whose second is a text.
+inline QString CatalogActionTag() {
+    ActionTag tag;
+    tag.function = u'T';
+    tag.groups[0] = {{0x0A00005A, 7042, false, true, false, false},
+                     true,
+                     QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
+    tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
+    return tag.Format();
+}
+
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
 /// languages.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
     return {
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
         new frmIP(services, parent),
+        new frmIRDBAction(services, CatalogActionTag(), {}, parent),
         new frmIRDBStatus(services, parent),
+        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
