@@ -40,6 +40,9 @@ struct Values {
 
 /// The values of a tag, EZ messages taken apart; those of a new dialog if the tag is no action. A function
 /// that the dialog doesn't know is taken as none.
+///
+/// The form shows a page's chkBinary and chkEZ first, then chkDefault, the other boxes and the address, and
+/// the text last, so that what the clicks of the first change is put right by what follows.
 Values FromTag(const QString& tag);
 
 /// What OK makes of the values: packs the EZ messages and limits the numbers, in `values` too. The result

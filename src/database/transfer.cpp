@@ -183,9 +183,11 @@ void DatabaseTransfer::TakeGlobal(const PageHead& head, const IRDBGlobalRecord& 
 void DatabaseTransfer::TakePage(const ListPage<IRDBElementRecord>& page) {
     if (state != State::Loading || (strayPages && page.head.Offset != nextIndex))
         return;
-    for (const IRDBElementRecord& element : page.elements)
-        if (DatabaseElement::Apply(tree, element) == DatabaseElement::Applied::UnknownName)
-            AddUnknown(WithoutBlanks(element.remote).toString(), WithoutBlanks(element.command).toString());
+    const auto applied = DatabaseElement::Apply(tree, page.elements);
+    for (size_t i = 0; i < applied.size(); ++i)
+        if (applied[i] == DatabaseElement::Applied::UnknownName)
+            AddUnknown(WithoutBlanks(page.elements[i].remote).toString(),
+                       WithoutBlanks(page.elements[i].command).toString());
     // A page that brings the load no further is its last one.
     GoOnWith(page.head, page.head.More != 0 && page.head.Offset + page.head.Count > nextIndex);
 }
