@@ -1,10 +1,11 @@
 #include "ratio.h"
 
 #include "database/elements.h"
+#include "database/frmIRDBAction.h"
 #include "database/lists.h"
 #include "database/transfer.h"
 
-#include <QCoreApplication>
+#include <QApplication>
 #include <QTcpServer>
 #include <QTcpSocket>
 
@@ -160,13 +161,46 @@ void FillLists(benchmark::State& state) {
         state, [&] { return fill(500); }, [&] { return fill(250) + fill(250); });
 }
 
+/// From the constructor to the form painted. It is gone again before the next turn.
+template <class Make> double TimeToOpen(Make&& make) {
+    Form* form = nullptr;
+    const double time = TimeOf([&] {
+        form = make();
+        form->ShowModal();
+        form->grab();
+    });
+    delete form;
+    QCoreApplication::processEvents();
+    return time;
+}
+
+/// The actions of a command, all eight in use, in English, against an empty form.
+void OpenActions(benchmark::State& state) {
+    Session session;
+    Language english;
+    if (!english.OpenTranslationFile(QStringLiteral(DATA_FOLDER), u"English"_s))
+        qFatal("no language file");
+    Boxes boxes(english);
+    const FormServices services{session, english, boxes};
+    ActionTag tag;
+    for (ActionGroup& group : tag.groups)
+        group = {{0x01020304, 80, false, true, false, false}, true, BinaryToHex(QByteArray(255, 'x'))};
+    const QString text = tag.Format();
+    CompareInTurns(
+        state, [&] { return TimeToOpen([&] { return new frmIRDBAction(services, text, {}, nullptr); }); },
+        [&] { return TimeToOpen([&] { return new Form(services, u"frmEmpty"_s, u"Empty"_s, nullptr); }); });
+    state.counters["of_50_ms"] = state.counters["ours_us"] / 50'000;
+}
+
 } // namespace
 
 BENCHMARK(LoadCommands)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FillLists)->UseManualTime()->Unit(benchmark::kMillisecond);
+BENCHMARK(OpenActions)->UseManualTime()->Iterations(100)->Unit(benchmark::kMillisecond);
 
 int main(int argc, char** argv) {
-    QCoreApplication application(argc, argv);
+    QApplication application(argc, argv);
+    QApplication::setQuitOnLastWindowClosed(false);
     benchmark::Initialize(&argc, argv);
     benchmark::RunSpecifiedBenchmarks();
     return 0;

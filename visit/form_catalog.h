@@ -1,6 +1,8 @@
 #pragma once
 
+#include "database/frmIRDBAction.h"
 #include "database/frmIRDBStatus.h"
+#include "database/frmRemProperties.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
 #include "device/frmSetModusEx.h"
@@ -50,6 +52,17 @@ inline DeviceEntry CatalogExtendedDevice() {
     return entry;
 }
 
+/// A command whose first action is an EZ message and whose second is a text.
+inline QString CatalogActionTag() {
+    ActionTag tag;
+    tag.function = u'T';
+    tag.groups[0] = {{0x0A00005A, 7042, false, true, false, false},
+                     true,
+                     QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
+    tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
+    return tag.Format();
+}
+
 /// A device with all that a translator can have but inputs.
 inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
@@ -66,9 +79,11 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmDeviceMode(services, CatalogBuses(), parent),
         new frmHTML(services, status, parent),
         new frmIP(services, parent),
+        new frmIRDBAction(services, CatalogActionTag(), {}, parent),
         new frmIRDBStatus(services, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
+        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmSendFree(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),

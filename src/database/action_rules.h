@@ -10,7 +10,7 @@ namespace ActionDialog {
 
 constexpr int Pages = ActionTag::Groups;
 constexpr int EzPages = 3;   ///< the pages that have EZ fields, from the first
-constexpr int TextMax = 255; ///< characters of an action that can be typed
+constexpr int TextMax = 255; ///< characters of an action that can be typed, and bytes that an element holds
 
 /// The characters of `optRelais` 0 to 5.
 inline constexpr QStringView RelayFunctions = u" 10TIU";
@@ -93,11 +93,12 @@ void BinaryClicked(Page& page);
 void EzClicked(Page& page);
 /// @}
 
-/// How many characters txtAction takes. What a tag brings may be longer than what can be typed and isn't cut.
+/// How many characters txtAction takes. Binary data that a tag brings may be longer than what can be typed
+/// and isn't cut.
 int TextLimit(const Page& page);
 
 /// Whether `text` can stand in txtAction of a binary action: capital hexadecimal digits and blanks, at most
-/// two digits in a row.
+/// two digits in a row, and no more numbers than an element holds bytes.
 bool IsBinaryText(QStringView text);
 
 } // namespace ActionDialog
