@@ -6,6 +6,7 @@
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
 #include "device/frmStartupText.h"
+#include "device/frmSetModusEx.h"
 #include "panel/frmIP.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
@@ -28,6 +29,20 @@ inline std::vector<DeviceBus> CatalogBuses() {
     return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
 }
 
+/// A device whose extended settings are nearly all on offer.
+inline DeviceEntry CatalogExtendedDevice() {
+    DeviceEntry entry;
+    entry.Version = QStringLiteral("F6.04.43");
+    entry.Mode = 0xDF;
+    entry.ExtMode = 0x37;
+    entry.Capabilities = 0x0020582E;
+    entry.ExtCapabilities = 0xC87F6D00;
+    entry.Receivers = 0xA4;
+    entry.CodeFlags = 0x33;
+    entry.SendMask = 0x0131;
+    return entry;
+}
+
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
 /// languages.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
@@ -39,11 +54,9 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
         new frmDeviceMode(services, CatalogBuses(), parent),
-        new frmIP(services, parent),
-        new frmIRDBStatus(services, parent),
-        new frmLog(services, parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmStartupText(services, parent),
+        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }

@@ -9,6 +9,7 @@
 #include <QDirIterator>
 #include <QFile>
 #include <QRegularExpression>
+#include <QTabBar>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -43,13 +44,17 @@ QSet<QString> KeysInSources() {
     return keys;
 }
 
-/// The texts of a window's own controls, as they stand on the screen.
+/// The texts of a window's own controls, as they stand on the screen. What boxes hold to be changed is no
+/// text of the window's.
 QStringList TextsOf(const QWidget& window) {
     QStringList texts = {window.windowTitle()};
+    for (const auto* tabs : window.findChildren<QTabBar*>())
+        for (int i = 0; i < tabs->count(); ++i)
+            texts += FromMnemonicText(tabs->tabText(i));
     for (const QObject* control : window.findChildren<QObject*>())
         for (const char* property : {"text", "title"}) {
             const QVariant text = control->property(property);
-            if (text.isValid() && !control->objectName().isEmpty() &&
+            if (text.isValid() && !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
                 !control->objectName().startsWith(u"qt_"))
                 texts += FromMnemonicText(text.toString());
         }
