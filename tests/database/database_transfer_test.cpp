@@ -22,12 +22,12 @@ public:
             told += QLatin1StringView(QMetaEnum::fromType<T::Outcome>().valueToKey(int(outcome)));
         });
         QObject::connect(&*transfer, &T::NamesUnknown, &tree,
-                         [this](const QStringList& names) { told += u"unknown " + names.join(u','); });
+                         [this](const QStringList& names) { told += u"unknown "_s + names.join(u','); });
         QObject::connect(&*transfer, &T::SettingsLoaded, &tree, [this] { told += u"settings"_s; });
         QObject::connect(&lists, &DatabaseLists::RemotesListed, &tree,
-                         [this](const QStringList& names) { told += u"remotes " + names.join(u','); });
+                         [this](const QStringList& names) { told += u"remotes "_s + names.join(u','); });
         QObject::connect(&lists, &DatabaseLists::SetsListed, &tree,
-                         [this](const QStringList& names) { told += u"sets " + names.join(u','); });
+                         [this](const QStringList& names) { told += u"sets "_s + names.join(u','); });
         for (const QString& remote : {u"amp"_s, u"tv"_s})
             DatabaseTree::AddRemote(tree, remote);
         for (const QString& command : {u"mute"_s, u"loud"_s})
