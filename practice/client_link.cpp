@@ -46,7 +46,7 @@ void ClientLink::Reply(ReplyType type, QByteArrayView payload, const QString& wo
 }
 
 void ClientLink::Frame(const QString& text) {
-    const QByteArray bytes = ToCodePage(text.left(Wire::TextFrameMax - Wire::ReplyHeaderSize));
+    const QByteArray bytes = ToCodePage(text.left(LongestFrame));
     const QByteArray digits = QByteArray::number(bytes.size() + Wire::ReplyHeaderSize).rightJustified(5, '0');
     Answer("**" + digits + ' ' + bytes, u"text frame "_s + Quoted(text));
 }
@@ -59,7 +59,7 @@ void ClientLink::Malformed(const QStringList& faults) {
     ++practice.malformed;
     for (const QString& fault : faults)
         emit Said(u"malformed: "_s + fault);
-    if (row && row->answer == RequestRow::Answer::Header) {
+    if (row && row->answer == RequestRow::Answer::NextHeader) {
         Log(faults.first() + u'\n');
         Acknowledge();
     } else {
@@ -101,10 +101,7 @@ void ClientLink::TakeRecord() {
     if (!faults.isEmpty())
         return Malformed(faults);
     emit Said(u"asked: "_s + row->describe(*row, bytes));
-    if (row->handle)
-        row->handle(*this, bytes);
-    else
-        AnswerWithoutHandler();
+    row->handle(*this, bytes);
 }
 
 void ClientLink::TakeLine() {
@@ -117,18 +114,6 @@ void ClientLink::Break() {
     ++practice.malformed;
     emit Said(u"malformed: %1; the connection is closed"_s.arg(reader.Fault()));
     Close();
-}
-
-void ClientLink::AnswerWithoutHandler() {
-    const QString text = u"The practice server can't do that yet: %1."_s.arg(QLatin1StringView(row->purpose));
-    switch (row->answer) {
-    case RequestRow::Answer::None: emit Said(u"answered: nothing, as none is awaited"_s); break;
-    case RequestRow::Answer::Awaited: Result(PracticeResult::NotDone, 0, text); break;
-    case RequestRow::Answer::Header:
-        Log(text + u'\n');
-        Acknowledge();
-        break;
-    }
 }
 
 void ClientLink::Answer(const QByteArray& frame, const QString& words) {

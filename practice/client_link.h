@@ -18,11 +18,13 @@ struct Practice {
 };
 
 /// One connection of a client: cuts what arrives into requests, has each checked and answered, and tells it
-/// in words. The state of the stream and of list paging is its own.
+/// in words. The stream, list paging, learning and the sets on their way are its own.
 class ClientLink : public QObject {
     Q_OBJECT
 
 public:
+    static constexpr int LongestFrame = Wire::TextFrameMax - Wire::ReplyHeaderSize; ///< characters
+
     /// Takes ownership of the socket. `practice` must outlive the link.
     ClientLink(QTcpSocket* socket, Practice& practice, QObject* parent);
 
@@ -35,7 +37,7 @@ public:
     void Acknowledge();
     void Result(ResultCode code, qint16 detail, const QString& text);
     void Reply(ReplyType type, QByteArrayView payload, const QString& words);
-    void Frame(const QString& text); ///< a text frame; at most 99,991 characters are sent
+    void Frame(const QString& text); ///< a text frame; what is longer than LongestFrame is cut
     void Log(const QString& text);
 
     /// Answers from now on belong to this netcommand, until the next request. For a handler that answers
@@ -73,7 +75,6 @@ private:
     void TakeRecord();
     void TakeLine();
     void Break();
-    void AnswerWithoutHandler();
     void Answer(const QByteArray& frame, const QString& words);
 
     QTcpSocket* socket;

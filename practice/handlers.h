@@ -10,7 +10,6 @@ class ClientLink;
 /// Result codes of this server, besides those that the client knows by number.
 namespace PracticeResult {
 constexpr ResultCode NotSent{6};    ///< the command isn't known or was refused
-constexpr ResultCode NotDone{5};    ///< the server can't do that yet
 constexpr ResultCode NotOpen{7};    ///< learning can't begin
 constexpr ResultCode Malformed{8};  ///< the request has a fault
 constexpr ResultCode NotThere{9};   ///< what was asked for doesn't exist
@@ -20,6 +19,7 @@ constexpr ResultCode NotStored{10}; ///< a set or one of its elements was refuse
 // send_handlers.cpp
 void SendIr(ClientLink& link, const CommandRequest& request);
 void SendSerial(ClientLink& link, const SerialRequest& request);
+void ShowText(ClientLink& link, const LcdRequest& request);
 void TellIfKnown(ClientLink& link, const CommandRequest& request);
 /// The text in use.
 QString TextInUse(const SerialRequest& request);
@@ -39,6 +39,7 @@ void ListDatabaseSets(ClientLink& link, const CommandRequest& request);
 void ListBusElements(ClientLink& link, const CommandRequest& request);
 
 // status_handlers.cpp
+void BeginSession(ClientLink& link, const CommandRequest& request);
 void SendStatusPage(ClientLink& link, const CommandRequest& request);
 void SendAnalogInputs(ClientLink& link, const CommandRequest& request);
 

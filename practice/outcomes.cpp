@@ -27,6 +27,7 @@ void AddOutcomeOptions(QCommandLineParser& parser) {
          u"Refuse element <n> of a database; its settings are 0. Can be given often."_s, u"n"_s},
         {u"translator-flash-fails"_s, u"Fail to flash a translator set."_s},
         {u"database-flash-fails"_s, u"Fail to flash a database."_s},
+        {u"page-flash-fails"_s, u"Fail to flash web pages."_s},
         {u"database-words"_s, u"Say that a database needs <n> words of flash memory."_s, u"n"_s},
     });
 }
@@ -53,6 +54,7 @@ std::optional<Outcomes> ReadOutcomeOptions(const QCommandLineParser& parser, QSt
     outcomes.refusedDatabaseElements = refused(u"refuse-database-element"_s);
     outcomes.translatorFlashFails = parser.isSet(u"translator-flash-fails"_s);
     outcomes.databaseFlashFails = parser.isSet(u"database-flash-fails"_s);
+    outcomes.pageFlashFails = parser.isSet(u"page-flash-fails"_s);
     if (parser.isSet(u"database-words"_s))
         outcomes.databaseWords = values.Number(u"database-words"_s, 1'000'000);
     if (!error.isEmpty())

@@ -23,6 +23,7 @@ struct Outcomes {
     QSet<int> refusedDatabaseElements = {};   ///< the settings are 0
     bool translatorFlashFails = false;
     bool databaseFlashFails = false;
+    bool pageFlashFails = false;
     std::optional<int> databaseWords = {}; ///< memory that a database needs, instead of the measured one
 };
 

@@ -9,9 +9,20 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+constexpr quint32 TakesPageFiles = 0x80000000; // of a device's capabilities
+
 /// Every text frame has one character behind its text that the client drops.
 void SendFrame(ClientLink& link, const QString& text) {
-    link.Frame(text + u'\n');
+    link.Frame(text.left(ClientLink::LongestFrame - 1) + u'\n');
+}
+
+/// The client doesn't say which device it means: any that can take pages will do.
+bool HasPageDevice(const World& world) {
+    for (const World::Bus& bus : world.buses)
+        for (const auto& [address, device] : bus.devices)
+            if (device.Capabilities & TakesPageFiles)
+                return true;
+    return false;
 }
 
 void ListPageFiles(ClientLink& link) {
@@ -22,6 +33,10 @@ void ListPageFiles(ClientLink& link) {
 }
 
 void FlashPageFiles(ClientLink& link, const QStringList& names) {
+    if (!HasPageDevice(link.GetWorld()))
+        return SendFrame(link, u"RESULT_HTML_FLASH ENo device takes page files."_s);
+    if (link.GetOutcomes().pageFlashFails)
+        return SendFrame(link, u"RESULT_HTML_FLASH EThe device could not be written."_s);
     int bytes = 0;
     for (const QString& name : names) {
         const auto& files = link.GetWorld().pageFiles;

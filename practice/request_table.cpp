@@ -91,18 +91,16 @@ template <> QString Describe<SerialRequest>(const RequestRow& row, QByteArrayVie
                                DescribeSendParam(request.param));
 }
 
-template <class Record, auto Handler = nullptr>
+template <class Record, auto Handler>
 constexpr RequestRow Row(Netcommand netcommand, const char* purpose, CommandUse use = {},
-                         Answer answer = Answer::Awaited) {
-    RequestRow row{netcommand, purpose, answer, use, Record::Size, Check<Record>, Describe<Record>, nullptr};
-    if constexpr (!std::is_null_pointer_v<decltype(Handler)>)
-        row.handle = [](ClientLink& link, QByteArrayView bytes) {
-            if constexpr (std::is_invocable_v<decltype(Handler), ClientLink&, QByteArrayView>)
-                Handler(link, bytes);
-            else
-                Handler(link, Decode<Record>(bytes));
-        };
-    return row;
+                         Answer answer = Answer::Result) {
+    const auto handle = [](ClientLink& link, QByteArrayView bytes) {
+        if constexpr (std::is_invocable_v<decltype(Handler), ClientLink&, QByteArrayView>)
+            Handler(link, bytes);
+        else
+            Handler(link, Decode<Record>(bytes));
+    };
+    return {netcommand, purpose, answer, use, Record::Size, Check<Record>, Describe<Record>, handle};
 }
 
 constexpr CommandUse Bare = {};
@@ -121,7 +119,7 @@ constexpr std::array rows = {
     Row<General, OpenForLearning>(OpenRemote, "open the remote", {Remote::Name, false, Param::Zero}),
     Row<General, Learn>(LearnTiming, "learn the timing", {Remote::FlagByte, false, Param::Learn}),
     Row<General, Learn>(LearnNormal, "learn", Learning),
-    Row<General, EndLearning>(CloseRemote, "end learning", Bare, Answer::None),
+    Row<General, EndLearning>(CloseRemote, "end learning", Bare),
     Row<General, SendIr>(RepeatCommand, "repeat", Names),
     Row<General, Learn>(LearnRaw, "learn in RAW mode", Learning),
     Row<General, Learn>(LearnRepeat, "learn a repeat code", Learning),
@@ -132,17 +130,17 @@ constexpr std::array rows = {
     Row<General, ListRemoteNames>(ListRemotes, "list the remotes", Page),
     Row<General, ListCommandNames>(ListCommands, "list the commands of", PageOfName),
     Row<TranslatorRequest, TakeTranslatorElement>(TranslatorElement, "take an element of a translator set",
-                                                  {}, Answer::Header),
+                                                  {}, Answer::NextHeader),
     Row<General, SendTranslatorPage>(ReadTranslator, "read the translator set", PageOfName),
     Row<General, StoreTranslatorSet>(StoreTranslator, "store the translator set", Store),
     Row<General, FlashTranslatorSet>(FlashTranslator, "flash the translator set", Flash),
-    Row<LcdRequest>(LcdText, "show on the LCD", {}, Answer::None),
-    Row<General>(Start, "start", Bare, Answer::None),
+    Row<LcdRequest, ShowText>(LcdText, "show on the LCD"),
+    Row<General, BeginSession>(Start, "start", Bare),
     Row<General, SendStatusPage>(NextStatus, "tell the next page of device status", Page),
     Row<IRDBGlobalRecord, TakeDatabaseSettings>(DatabaseElement, "take the settings of a database", {},
-                                                Answer::Header),
+                                                Answer::NextHeader),
     Row<IRDBElementRecord, TakeDatabaseElement>(DatabaseElement, "take an element of a database", {},
-                                                Answer::Header),
+                                                Answer::NextHeader),
     Row<General, FlashDatabaseSet>(FlashDatabase, "flash the database", Flash),
     Row<General, StoreDatabaseSet>(StoreDatabase, "store the database", Store),
     Row<General, SendDatabasePage>(ReadDatabase, "read the database", PageOfName),
@@ -152,10 +150,10 @@ constexpr std::array rows = {
     Row<General, TellIfKnown>(CheckCommand, "check", {Remote::Name, true, Param::Slot}),
     Row<General, SendAnalogInputs>(ReadAnalog, "read the analog inputs", Bare),
     Row<SerialRequest, SendSerial>(SerialText, "send over RS232"),
-    Row<CodeRequest, StoreCode>(StoreCcf, "store a CCF code", {}, Answer::None),
+    Row<CodeRequest, StoreCode>(StoreCcf, "store a CCF code"),
     Row<General, SendStatusPage>(DeviceStatus, "tell the device status", Bare),
-    Row<ModeRequest, SetDevice>(SetMode, "set the parameters of a device", {}, Answer::None),
-    Row<CodeRequest, StoreCode>(StoreSerialCode, "store an RS232 text", {}, Answer::None),
+    Row<ModeRequest, SetDevice>(SetMode, "set the parameters of a device"),
+    Row<CodeRequest, StoreCode>(StoreSerialCode, "store an RS232 text"),
 };
 
 constexpr int KindOffset = 17;

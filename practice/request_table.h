@@ -17,10 +17,10 @@ struct CommandUse {
 /// One kind of request: how its record is checked, put into words and answered. A new feature adds its
 /// handler to the row of its netcommand.
 struct RequestRow {
+    /// What the client takes as the answer, should the request have a fault.
     enum class Answer {
-        Awaited, ///< the client takes a result in place of the answer
-        Header,  ///< the client takes the next header as the acknowledgement, whatever it is
-        None,    ///< the client awaits none
+        Result,
+        NextHeader, ///< any header is the acknowledgement: a log tells the fault, and a bare header follows
     };
 
     Netcommand netcommand;
@@ -31,7 +31,6 @@ struct RequestRow {
     /// The three take exactly `size` bytes; the last two only bytes without a fault.
     QStringList (*check)(const RequestRow& row, QByteArrayView bytes);
     QString (*describe)(const RequestRow& row, QByteArrayView bytes);
-    /// Null: the server has no answer of its own to give.
     void (*handle)(ClientLink& link, QByteArrayView bytes);
 };
 

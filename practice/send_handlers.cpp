@@ -40,6 +40,13 @@ void SendSerial(ClientLink& link, const SerialRequest& request) {
     link.Acknowledge();
 }
 
+void ShowText(ClientLink& link, const LcdRequest& request) {
+    QStringView text = request.text;
+    while (text.endsWith(u' '))
+        text.chop(1);
+    link.Say(u"shown on the LCD: "_s + Quoted(text));
+}
+
 void TellIfKnown(ClientLink& link, const CommandRequest& request) {
     const bool known = link.GetWorld().FindCode(request.remote, request.command).has_value();
     link.Result(known ? ResultCode::KnownCommand : ResultCode::UnknownCommand, qint16(request.param), {});

@@ -36,7 +36,7 @@ private:
     };
 
     QString FileOf(const QString& name) const;
-    bool Read(const QString& file, RecordSet& set) const;
+    bool Read(const QString& path, RecordSet& set) const;
     void Put(const QString& name, const RecordSet& set);
 
     QString suffix;

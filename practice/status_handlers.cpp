@@ -22,6 +22,10 @@ QByteArray EncodeStatusPage(const std::vector<World::Bus>& buses, int first) {
 
 } // namespace
 
+void BeginSession(ClientLink& link, const CommandRequest&) {
+    link.Say(u"answered: nothing, as none is awaited"_s);
+}
+
 void SendStatusPage(ClientLink& link, const CommandRequest& request) {
     const auto& buses = link.GetWorld().buses;
     const int first = request.param;
@@ -37,14 +41,15 @@ void SendAnalogInputs(ClientLink& link, const CommandRequest&) {
     AnalogValues values;
     AnalogTemperatures temperatures;
     QStringList words;
-    const auto& inputs = link.GetWorld().analogInputs;
+    auto& inputs = link.GetWorld().analogInputs;
     for (size_t i = 0; i < inputs.size(); ++i) {
+        const qint16 value = inputs[i].Read();
         values.Mode[i] = inputs[i].mode;
-        if (inputs[i].mode == 2)
-            temperatures.Temperature[i] = inputs[i].value;
+        if (inputs[i].mode == World::AnalogInput::Temperature)
+            temperatures.Temperature[i] = value;
         else
-            values.Value[i] = quint8(inputs[i].value);
-        words.append(u"%1:%2"_s.arg(inputs[i].mode).arg(inputs[i].value));
+            values.Value[i] = quint8(value);
+        words.append(u"%1:%2"_s.arg(inputs[i].mode).arg(value));
     }
     // Both views share their bytes; each input is there in the one of its mode.
     QByteArray payload = Encode(values);

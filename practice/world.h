@@ -32,8 +32,15 @@ struct World {
         std::map<int, DeviceEntry> devices; ///< by address, 0 to 15
     };
     struct AnalogInput {
-        quint8 mode = 0;  ///< 0 not enabled, 2 temperature, else plain value
+        static constexpr quint8 Temperature = 2;
+
+        quint8 mode = 0;  ///< 0 not enabled, Temperature, else plain value
         qint16 value = 0; ///< hundredths of a degree, or a byte
+        qint16 swing = 0; ///< how far it moves to both sides of `value`
+        int readings = 0;
+
+        /// What the input shows now. It moves on with each reading and never leaves its range.
+        qint16 Read();
     };
     struct PageFile {
         QString name;

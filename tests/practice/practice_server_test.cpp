@@ -67,6 +67,7 @@ private slots:
         }
         QCOMPARE(practice.server.Records(), 9);
         QCOMPARE(practice.server.MalformedRecords(), 2);
+        QVERIFY(practice.lines.contains(u"shown on the LCD: \" Guten Tag, Küche\""_s));
     }
 
     void PagesOfLists() {
@@ -156,18 +157,55 @@ private slots:
         QTRY_COMPARE(practice.server.Clients(), 0);
     }
 
+    // A flash without names is one; frames may be cut anywhere.
     void TextLines() {
         GreetedServer practice;
         PracticeClient& client = practice.client;
-        practice.server.GetWorld().pageFiles = {{u"a.htm"_s, 12, u"1.2.03"_s}};
-        client.socket.write(
-            "AGET_HTML_FILELIST\r\nAFLASH_HTML a.htm;\r\nAFLASH_HTML b;\r\nAFLASH_HTML a.htm\r\n" +
-            Golden::PressTvPower());
-        QCOMPARE(client.Frame(), QByteArray("**00046 RESULT_HTML_FILELIST a.htm;12;1.2.03;\n"));
-        QCOMPARE(client.Frame(), QByteArray("**00030 RESULT_HTML_FLASH O12\n"));
+        World& world = practice.server.GetWorld();
+        world.pageFiles = {{u"a.htm"_s, 12, u"1.2.03"_s}, {u"\u00FC.css"_s, 30, u"4.5.06"_s}};
+        const QByteArray list("**00062 RESULT_HTML_FILELIST a.htm;12;1.2.03;\xFC.css;30;4.5.06;\n");
+        client.socket.write("AGET_HTML_FILELIST\r\nAFLASH_HTML \xFC.css;a.htm;\r\nAFLASH_HTML \r\n"
+                            "AFLASH_HTML b;\r\nAFLASH_HTML a.htm\r\n" +
+                            Golden::PressTvPower());
+        QCOMPARE(client.Frame(), list);
+        QCOMPARE(client.Frame(), QByteArray("**00030 RESULT_HTML_FLASH O42\n"));
+        QCOMPARE(client.Frame(), QByteArray("**00029 RESULT_HTML_FLASH O0\n"));
         QVERIFY(client.Frame().contains("RESULT_HTML_FLASH EThere is no file \"b\"."));
         QVERIFY(ResultText(client.Frame()).contains("each file name must be ended"));
         QCOMPARE(client.Frame().size(), 8);
+        QCOMPARE(TypeOf(client.Frame()), 4);
+
+        practice.server.GetFaults().pieceSize = 1;
+        client.arrivals = 0;
+        client.socket.write("AGET_HTML_FILELIST\r\n");
+        QCOMPARE(client.Frame(), list);
+        QVERIFY(client.arrivals > 8);
+        practice.server.GetFaults().pieceSize = 0;
+
+        practice.server.GetOutcomes().pageFlashFails = true;
+        client.socket.write("AFLASH_HTML a.htm;\r\n");
+        QVERIFY(client.Frame().contains("RESULT_HTML_FLASH EThe device could not be written.\n"));
+        world.buses.clear();
+        world.pageFiles = {{QString(200'000, u'x'), 1, {}}};
+        client.socket.write("AFLASH_HTML a.htm;\r\nAGET_HTML_FILELIST\r\n");
+        QVERIFY(client.Frame().contains("RESULT_HTML_FLASH ENo device takes page files.\n"));
+        const QByteArray longest = client.Frame();
+        QVERIFY(longest.startsWith("**99999 ") && longest.endsWith("xx\n"));
+    }
+
+    // Values move with each reading, up and down; signed where they are temperatures.
+    void AnalogInputsMove() {
+        GreetedServer practice;
+        practice.server.GetWorld().analogInputs = {{{1, 250, 10}, {0}, {2, -20, 30}}};
+        practice.client.socket.write(Request(60).repeated(41));
+        QByteArrayList values;
+        for (int i = 0; i < 41; ++i)
+            values.append(practice.client.Frame().sliced(8 + 9, 7));
+        QCOMPARE(values[0], Golden::Hex("FA 00 00 00 00 EC FF"));
+        QCOMPARE(values[5], Golden::Hex("FF 00 00 00 00 FB FF"));
+        QCOMPARE(values[10], Golden::Hex("FF 00 00 00 00 0A 00")); // a byte ends at 255
+        QCOMPARE(values[30], Golden::Hex("F0 00 00 00 00 CE FF"));
+        QCOMPARE(values[40], values[0]);
     }
 };
 
