@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/frmDeviceDB.h"
 #include "database/frmIRDBStatus.h"
 #include "learn/frmProgramm.h"
 #include "learn/frmCCF.h"
@@ -48,6 +49,7 @@ inline DeviceEntry CatalogExtendedDevice() {
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
     return {
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
+        new frmDeviceDB(services, {}, parent),
         new frmIP(services, parent),
         new frmIRDBStatus(services, parent),
         new frmLog(services, parent),

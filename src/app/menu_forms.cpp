@@ -19,7 +19,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
-            TellMissing(u"mnuModus(14)"_s);
+            database.Load(this->services, DatabaseDevice::Choices(status), this->mainWindow).ShowModal();
         else
             TellNoDevice(u"No Vantrel Device with IR DB connected to your system."_s);
     });

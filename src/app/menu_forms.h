@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/frmDeviceDB.h"
 #include "device/frmDeviceMode.h"
 #include "forms/form_slot.h"
 #include "learn/frmProgramm.h"
@@ -43,5 +44,6 @@ private:
     FormSlot<frmSendFree> freeSend;
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
+    FormSlot<frmDeviceDB> database;
     FormSlot<frmTranslatorWait> wait;
 };

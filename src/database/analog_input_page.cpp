@@ -14,13 +14,8 @@ constexpr int RemoteShown = 16;   ///< characters of a remote that its list show
 constexpr int CommandsShown = 10; ///< likewise of a command
 
 QStringList Modes() {
-    return {u"Aus"_s,
-            u"Min. Wert"_s,
-            u"Max. Wert"_s,
-            u"Min-Max Wert"_s,
-            u"Schalter Ein"_s,
-            u"Schalter Aus"_s,
-            u"Schalter Ein-Aus"_s};
+    return {u"Aus"_s,          u"Min. Wert"_s,    u"Max. Wert"_s,       u"Min-Max Wert"_s,
+            u"Schalter Ein"_s, u"Schalter Aus"_s, u"Schalter Ein-Aus"_s};
 }
 
 QStringList Leds() {
@@ -50,8 +45,7 @@ AnalogInputPage::AnalogInputPage(int index, QWidget* parent)
     , optAction(MakeOption(ElementName(u"optAction"_s, index), u"Send to Host"_s, this)) {
     setObjectName(ElementName(u"frAnalog"_s, index));
     hysteresisLabel = MakeLabel(ElementName(u"Label9"_s, index), u"Hysterese"_s, this, txtHys);
-    ledLabel =
-        MakeLabel(ElementName(u"Label12"_s, index), u"Min/Max LED/Sendmask"_s, this, min.led);
+    ledLabel = MakeLabel(ElementName(u"Label12"_s, index), u"Min/Max LED/Sendmask"_s, this, min.led);
     optSend->setChecked(true);
     LayOut(MakeLabel(ElementName(u"Label6"_s, index), u"Modus"_s, this, cmbModus));
 
@@ -126,9 +120,9 @@ void AnalogInputPage::LayOut(QWidget* modeLabel) {
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row + 1, 1);
 
-    QWidget* const order[] = {cmbModus,    optSend,    optAction,   min.threshold, max.threshold,
-                                    txtHys,      min.remote, min.command, max.remote,    max.command,
-                                    min.led,     min.mask,   max.led,     max.mask};
+    QWidget* const order[] = {cmbModus, optSend,    optAction,   min.threshold, max.threshold,
+                              txtHys,   min.remote, min.command, max.remote,    max.command,
+                              min.led,  min.mask,   max.led,     max.mask};
     for (size_t i = 1; i < std::size(order); ++i)
         setTabOrder(order[i - 1], order[i]);
 }
@@ -138,7 +132,7 @@ void AnalogInputPage::FinishTexts() {
     for (const Side* side : {&min, &max})
         side->command->setAccessibleName(CaptionOf(*side->remoteLabel));
     QWidget* const leds[] = {min.led, min.mask, max.led, max.mask};
-    for (int i = 0; QWidget* control : leds)
+    for (int i = 0; QWidget * control : leds)
         control->setAccessibleName(CaptionOf(*ledLabel) + u" %1"_s.arg(++i));
 }
 
@@ -156,8 +150,13 @@ AnalogSide AnalogInputPage::Values(const Side& side) {
 }
 
 AnalogSettings AnalogInputPage::Values() const {
-    return {cmbModus->currentIndex(), optAction->isChecked(), min.threshold->text(), max.threshold->text(),
-            txtHys->text(),           Values(min),            Values(max)};
+    return {cmbModus->currentIndex(),
+            optAction->isChecked(),
+            min.threshold->text(),
+            max.threshold->text(),
+            txtHys->text(),
+            Values(min),
+            Values(max)};
 }
 
 void AnalogInputPage::SelectRemote(Side& side, const QString& name) {
