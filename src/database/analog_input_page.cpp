@@ -88,13 +88,14 @@ void AnalogInputPage::LayOut(QWidget* modeLabel) {
     kinds->addWidget(optAction);
 
     auto* thresholds = new QHBoxLayout;
-    const std::pair<QLabel*, TextBox*> boxes[] = {
-        {min.thresholdLabel, min.threshold}, {max.thresholdLabel, max.threshold}, {hysteresisLabel, txtHys}};
-    for (const auto& [label, box] : boxes) {
-        thresholds->addWidget(label);
-        thresholds->addWidget(box);
-        thresholds->addStretch();
-    }
+    thresholds->addWidget(min.threshold);
+    thresholds->addStretch();
+    thresholds->addWidget(max.thresholdLabel);
+    thresholds->addWidget(max.threshold);
+    auto* hysteresis = new QHBoxLayout;
+    hysteresis->addWidget(hysteresisLabel);
+    hysteresis->addWidget(txtHys);
+    hysteresis->addStretch();
 
     auto* leds = new QHBoxLayout;
     for (const Side* side : {&min, &max}) {
@@ -106,7 +107,9 @@ void AnalogInputPage::LayOut(QWidget* modeLabel) {
     grid->addWidget(modeLabel, 0, 0);
     grid->addWidget(cmbModus, 0, 1);
     grid->addLayout(kinds, 0, 2);
-    grid->addLayout(thresholds, 1, 0, 1, 3);
+    grid->addWidget(min.thresholdLabel, 1, 0);
+    grid->addLayout(thresholds, 1, 1);
+    grid->addLayout(hysteresis, 1, 2);
     int row = 2;
     for (const Side* side : {&min, &max}) {
         grid->addWidget(side->remoteLabel, row, 0);

@@ -1,5 +1,6 @@
 #include "database/database_page.h"
 
+#include "database/value_controls.h"
 #include "forms/controls.h"
 
 #include <QFormLayout>
@@ -8,7 +9,6 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr int PortTyped = 6;    ///< characters of a port; what is beyond its field is limited later
 constexpr int TreeWidth = 40;   ///< characters that the tree shows at least
 constexpr int FormatWidth = 30; ///< likewise the formats
 
@@ -57,13 +57,16 @@ DatabasePage::DatabasePage(KeyedTree& tree, QWidget* parent)
     // A double click on a remote opens its properties; it needn't turn the branch as well.
     tvwRemotes->setExpandsOnDoubleClick(false);
 
-    auto* grid = new QGridLayout(this);
-    grid->addWidget(MakeLabel(u"lblRemotes"_s, u"Fernbedienungen und Befehle"_s, this, tvwRemotes), 0, 0);
-    grid->addWidget(tvwRemotes, 1, 0, 3, 1);
-    grid->addWidget(MakeFlags(), 0, 1, 2, 1);
-    grid->addWidget(MakeFormats(), 2, 1);
-    grid->setRowStretch(3, 1);
-    grid->setColumnStretch(0, 1);
+    auto* left = new QVBoxLayout;
+    left->addWidget(MakeLabel(u"lblRemotes"_s, u"Fernbedienungen und Befehle"_s, this, tvwRemotes));
+    left->addWidget(tvwRemotes, 1);
+    auto* right = new QVBoxLayout;
+    right->addWidget(MakeFlags());
+    right->addWidget(MakeFormats());
+    right->addStretch();
+    auto* columns = new QHBoxLayout(this);
+    columns->addLayout(left, 1);
+    columns->addLayout(right);
     MakeMenu();
 
     connect(flags[BinaryRow], &QCheckBox::toggled, this, &DatabasePage::ApplyBinary);
@@ -104,7 +107,7 @@ QWidget* DatabasePage::MakeFormats() {
     targetLabel = MakeLabel(u"Label13"_s, u"IP/Port"_s, frame);
     txtIP = new AddressBoxes(u"txtIP"_s, 0, targetLabel, frame);
     targetLabel->setBuddy(txtIP);
-    txtPort = MakeTextBox(u"txtPort"_s, PortTyped, frame);
+    txtPort = MakePortBox(u"txtPort"_s, frame);
     txtPort->setAccessibleName(u"Port"_s);
     auto* target = new QHBoxLayout;
     target->addWidget(txtIP, 1);

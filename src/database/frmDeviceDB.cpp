@@ -10,6 +10,7 @@ namespace {
 
 constexpr int AnalogTab = 1;
 constexpr quint8 AnalogCarrier = 15; ///< goes out with a request for the analog inputs
+constexpr int LinesHigh = 42;        ///< of the dialog, in lines of text, so that the tree shows enough
 constexpr int NamesTold = 12;
 constexpr int NameShown = 18; ///< characters that a list of names shows at least
 
@@ -38,6 +39,7 @@ frmDeviceDB::frmDeviceDB(const FormServices& services, const std::vector<Databas
     FillDevices();
     EnableButtons();
     frIRDB->Tree()->setFocus();
+    resize(sizeHint().width(), fontMetrics().height() * LinesHigh);
     lists->Start();
     if (lists->Current() != DatabaseLists::State::Idle)
         ShowListProgress(0, 0);
