@@ -1,14 +1,21 @@
 #pragma once
 
 #include "database/frmDeviceDB.h"
+#include "database/frmIRDBAction.h"
 #include "database/frmIRDBStatus.h"
+#include "database/frmRemProperties.h"
 #include "learn/frmProgramm.h"
 #include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
-#include "device/frmStartupText.h"
 #include "device/frmSetModusEx.h"
+#include "device/frmStartupText.h"
+#include "learn/frmCCF.h"
+#include "learn/frmProgramm.h"
 #include "panel/frmIP.h"
+#include "tools/frmAbout.h"
+#include "tools/frmAnalogIO.h"
+#include "tools/frmHTML.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
 #include "translator/frmTranslatorWait.h"
@@ -44,21 +51,52 @@ inline DeviceEntry CatalogExtendedDevice() {
     return entry;
 }
 
+/// A command whose first action is an EZ message and whose second is a text.
+inline QString CatalogActionTag() {
+    ActionTag tag;
+    tag.function = u'T';
+    tag.groups[0] = {{0x0A00005A, 7042, false, true, false, false},
+                     true,
+                     QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
+    tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
+    return tag.Format();
+/// Two buses with devices of several kinds.
+inline std::vector<DeviceBus> CatalogBuses() {
+    DeviceEntry usb;
+    usb.Version = QStringLiteral("V5.19.07");
+    usb.Mode = 0xFF;
+    usb.ExtMode = 0x0F;
+    usb.SendMask = 0xF00F;
+    usb.Capabilities = 0x00205802;
+    DeviceEntry lcd;
+    lcd.Version = QStringLiteral("L3.01.01");
+    DeviceEntry lan = usb;
+    lan.Version = QStringLiteral("G6.05.10");
+    return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
+}
+
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
 /// languages.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
+    const StatusStore status(services.session);
     return {
+        new frmAbout(services, QStringLiteral("Vantrel Client"), parent),
+        new frmAnalogIO(services, parent),
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
         new frmDeviceDB(services, {}, parent),
+        new frmDeviceMode(services, CatalogBuses(), parent),
+        new frmHTML(services, status, parent),
         new frmIP(services, parent),
+        new frmIRDBAction(services, CatalogActionTag(), {}, parent),
         new frmIRDBStatus(services, parent),
+        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
         new frmSendFree(services, parent),
         new frmDeviceMode(services, CatalogBuses(), parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
-        new frmStartupText(services, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
+        new frmStartupText(services, parent),
         new frmTranslatorWait(services, parent),
     };
 }

@@ -4,7 +4,6 @@
 #include "forms/controls.h"
 
 #include <QHash>
-#include <QSet>
 
 using namespace Qt::StringLiterals;
 
@@ -15,7 +14,8 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     , status(services.session) {
     connect(&services.session, &Session::ErrorReported, this, &MenuForms::UnloadWait);
     connect(&services.session, &Session::LinkFailed, this, &MenuForms::UnloadWait);
-    connect(&status, &StatusStore::HtmlWanted, this, [this] { TellMissing(u"mnuModus(15)"_s); });
+    connect(&status, &StatusStore::HtmlWanted, this,
+            [this] { html.Load(this->services, this->status, this->mainWindow).ShowModal(); });
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
@@ -47,20 +47,18 @@ void MenuForms::Open(const QString& name) {
         {u"mnuModus(14)"_s, Purpose::Database},
         {u"mnuModus(15)"_s, Purpose::Html},
     };
-    static const QSet<QString> missing = {
-        u"mnuIO(10)"_s,
-        u"mnuAbout(10)"_s,
-    };
     if (const auto entry = statusEntries.find(name); entry != statusEntries.end())
         RequestStatus(*entry);
-    else if (missing.contains(name))
-        TellMissing(name);
     else if (name == u"mnuModus(11)")
         learn.Load(services, mainWindow).ShowModal();
     else if (name == u"mnuModus(18)")
         OpenAddress();
     else if (name == u"mnuSendItem(10)")
         freeSend.Load(services, mainWindow).ShowModal();
+    else if (name == u"mnuIO(10)")
+        analogInputs.Load(services, mainWindow).ShowModeless();
+    else if (name == u"mnuAbout(10)")
+        about.Load(services, mainWindow->windowTitle(), mainWindow).ShowModeless();
 }
 
 void MenuForms::OpenAddress() {

@@ -6,6 +6,9 @@
 #include "learn/frmProgramm.h"
 #include "link/status_store.h"
 #include "panel/frmIP.h"
+#include "tools/frmAbout.h"
+#include "tools/frmAnalogIO.h"
+#include "tools/frmHTML.h"
 #include "tools/frmSendFree.h"
 #include "translator/frmTranslatorWait.h"
 
@@ -42,6 +45,9 @@ private:
     FormSlot<frmIP> address;
     FormSlot<frmProgramm> learn;
     FormSlot<frmSendFree> freeSend;
+    FormSlot<frmAnalogIO> analogInputs;
+    FormSlot<frmAbout> about;
+    FormSlot<frmHTML> html;
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
     FormSlot<frmDeviceDB> database;

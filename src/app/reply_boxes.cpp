@@ -1,5 +1,7 @@
 #include "app/reply_boxes.h"
 
+#include "tools/text_replies.h"
+
 using namespace Qt::StringLiterals;
 
 ReplyBoxes::ReplyBoxes(const FormServices& services, QWidget* mainWindow)
@@ -10,6 +12,7 @@ ReplyBoxes::ReplyBoxes(const FormServices& services, QWidget* mainWindow)
     connect(session, &Session::ErrorReported, this, &ReplyBoxes::ShowError);
     connect(session, &Session::OverwriteAsked, this, &ReplyBoxes::AskOverwrite);
     connect(session, &Session::TranslatorFlashEnded, this, &ReplyBoxes::ShowTranslatorFlash);
+    connect(session, &Session::TextReceived, this, &ReplyBoxes::ProcessTextReply);
     connect(session, &Session::SendFailed, this, &ReplyBoxes::ShowSendFault);
     connect(session, &Session::DatabaseStatusReceived, this,
             [this](const IRDBStatusRecord& status, bool fits) {
@@ -51,6 +54,17 @@ void ReplyBoxes::ShowTranslatorFlash(bool stored) {
         services.boxes.Show({QMessageBox::Information, u"Translator Flash OK"_s, title});
     else
         services.boxes.Show({QMessageBox::Warning, u"Translator Flash failed."_s, title});
+}
+
+/// Lists of page files are for the dialog that shows them.
+void ReplyBoxes::ProcessTextReply(const QString& text) {
+    using Kind = PageProtocol::Reply::Kind;
+    const PageProtocol::Reply reply = PageProtocol::Parse(text);
+    const QString title = u"HTML Flash"_s;
+    if (reply.kind == Kind::FlashFailed)
+        services.boxes.Show({QMessageBox::Warning, u"Error flashing HTML Pages\n"_s + reply.rest, title});
+    else if (reply.kind == Kind::FlashDone)
+        services.boxes.Show({QMessageBox::NoIcon, u"HTML Flash OK: "_s + reply.rest + u" Bytes"_s, title});
 }
 
 void ReplyBoxes::ShowSendFault(Session::SendFault fault) {

@@ -15,6 +15,7 @@ private:
     void ShowError(const ResultReply& result);
     void AskOverwrite(const ResultReply& result);
     void ShowTranslatorFlash(bool stored);
+    void ProcessTextReply(const QString& text);
     void ShowSendFault(Session::SendFault fault);
     frmIRDBStatus& DatabaseStatus();
 

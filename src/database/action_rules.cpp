@@ -153,7 +153,7 @@ bool ActionDialog::IsBinaryText(QStringView text) {
         if (run > 2)
             return false;
     }
-    return true;
+    return HexToBinary(text).size() <= TextMax;
 }
 
 RemoteDialog::Values RemoteDialog::FromTag(const QString& tag) {

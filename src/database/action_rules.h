@@ -10,7 +10,7 @@ namespace ActionDialog {
 
 constexpr int Pages = ActionTag::Groups;
 constexpr int EzPages = 3;   ///< the pages that have EZ fields, from the first
-constexpr int TextMax = 255; ///< characters of an action that can be typed
+constexpr int TextMax = 255; ///< characters of an action that can be typed, and bytes that an element holds
 
 /// The characters of `optRelais` 0 to 5.
 inline constexpr QStringView RelayFunctions = u" 10TIU";
@@ -40,6 +40,9 @@ struct Values {
 
 /// The values of a tag, EZ messages taken apart; those of a new dialog if the tag is no action. A function
 /// that the dialog doesn't know is taken as none.
+///
+/// The form shows a page's chkBinary and chkEZ first, then chkDefault, the other boxes and the address, and
+/// the text last, so that what the clicks of the first change is put right by what follows.
 Values FromTag(const QString& tag);
 
 /// What OK makes of the values: packs the EZ messages and limits the numbers, in `values` too. The result
@@ -94,7 +97,7 @@ void EzClicked(Page& page);
 int TextLimit(const Page& page);
 
 /// Whether `text` can stand in txtAction of a binary action: capital hexadecimal digits and blanks, at most
-/// two digits in a row.
+/// two digits in a row, and no more numbers than an element holds bytes.
 bool IsBinaryText(QStringView text);
 
 } // namespace ActionDialog

@@ -67,6 +67,23 @@ void TakeTarget(const ActionTarget& target, IRDBElementRecord& element) {
     element.port = qint16(target.port);
 }
 
+/// The node that an element names; null if the tree has none.
+const KeyedNode* NodeOf(const KeyedTree& tree, const IRDBElementRecord& element, bool isAction) {
+    const QString remote = WithoutBlanks(element.remote).toString();
+    return isAction ? DatabaseTree::FindCommand(tree, remote, WithoutBlanks(element.command).toString())
+                    : DatabaseTree::FindRemote(tree, remote);
+}
+
+/// What an action element of a command goes into: the first begins a new tag.
+ActionTag TagBefore(const KeyedNode& node, const IRDBElementRecord& element) {
+    if (element.ElementKind != DatabaseElement::FirstAction)
+        if (const auto tag = ActionTag::Parse(node.Tag()))
+            return *tag;
+    ActionTag tag;
+    TakeRelay(element.RelayByte, tag);
+    return tag;
+}
+
 } // namespace
 
 IRDBElementRecord DatabaseElement::OfRemote(const QString& remote, const QString& tag) {
@@ -118,28 +135,39 @@ ActionGroup DatabaseElement::ActionGroupOf(const IRDBElementRecord& element) {
             has(Binary) ? BinaryToHex(data) : FromCodePage(data)};
 }
 
-DatabaseElement::Applied DatabaseElement::Apply(KeyedTree& tree, const IRDBElementRecord& element) {
-    const QString remote = WithoutBlanks(element.remote).toString();
-    if (element.ElementKind == Remote) {
-        const KeyedNode* node = DatabaseTree::FindRemote(tree, remote);
+std::vector<DatabaseElement::Applied> DatabaseElement::Apply(KeyedTree& tree,
+                                                             std::span<const IRDBElementRecord> elements) {
+    std::vector<Applied> applied;
+    applied.reserve(elements.size());
+    // A tag is put together from all elements of its command that stand in a row, and only then written.
+    const KeyedNode* command = nullptr;
+    ActionTag tag;
+    const auto writeTag = [&] {
+        if (command != nullptr)
+            DatabaseTree::SetTag(tree, command->Key(), tag.Format());
+        command = nullptr;
+    };
+    for (const IRDBElementRecord& element : elements) {
+        const bool isAction = element.ElementKind >= FirstAction && element.ElementKind <= LastAction;
+        if (!isAction && element.ElementKind != Remote) {
+            applied.push_back(Applied::UnknownKind);
+            continue;
+        }
+        const KeyedNode* node = NodeOf(tree, element, isAction);
+        applied.push_back(node != nullptr ? Applied::Yes : Applied::UnknownName);
         if (node == nullptr)
-            return Applied::UnknownName;
-        DatabaseTree::SetTag(tree, node->Key(), RemoteTagOf(element).Format());
-        return Applied::Yes;
+            continue;
+        if (!isAction) {
+            DatabaseTree::SetTag(tree, node->Key(), RemoteTagOf(element).Format());
+            continue;
+        }
+        if (node != command || element.ElementKind == FirstAction) {
+            writeTag();
+            command = node;
+            tag = TagBefore(*node, element);
+        }
+        tag.groups[size_t(element.ElementKind - FirstAction)] = ActionGroupOf(element);
     }
-    if (element.ElementKind < FirstAction || element.ElementKind > LastAction)
-        return Applied::UnknownKind;
-
-    const KeyedNode* node =
-        DatabaseTree::FindCommand(tree, remote, WithoutBlanks(element.command).toString());
-    if (node == nullptr)
-        return Applied::UnknownName;
-    auto tag = element.ElementKind == FirstAction ? std::nullopt : ActionTag::Parse(node->Tag());
-    if (!tag) {
-        tag.emplace();
-        TakeRelay(element.RelayByte, *tag);
-    }
-    tag->groups[size_t(element.ElementKind - FirstAction)] = ActionGroupOf(element);
-    DatabaseTree::SetTag(tree, node->Key(), tag->Format());
-    return Applied::Yes;
+    writeTag();
+    return applied;
 }

@@ -3,6 +3,9 @@
 #include "database/tags.h"
 #include "link/requests.h"
 
+#include <span>
+#include <vector>
+
 class KeyedTree;
 
 /// A node's tag as elements of a database on the wire, and back. The number of an element is the sender's.
@@ -25,8 +28,8 @@ enum class Applied {
     UnknownName, ///< the tree has no such remote or command
     UnknownKind, ///< neither a remote nor an action
 };
-/// Marks and tags the node that the element names. The elements of a command may come in any order; the
-/// first action starts the tag anew.
-Applied Apply(KeyedTree& tree, const IRDBElementRecord& element);
+/// Marks and tags the nodes that the elements name, and says for each element what became of it. The first
+/// action of a command begins its tag anew; the others may follow in any order and in later calls.
+std::vector<Applied> Apply(KeyedTree& tree, std::span<const IRDBElementRecord> elements);
 
 } // namespace DatabaseElement

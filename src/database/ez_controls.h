@@ -6,6 +6,8 @@
 
 #include <QFrame>
 
+class QGridLayout;
+
 /// The fields of an EZ message, which stand in the place of the text of an action: either those of the short
 /// form are enabled or those of the long one.
 class EzControls : public QFrame {
@@ -23,10 +25,11 @@ signals:
     void FormChanged();
 
 private:
-    void MakeShortForm(class QGridLayout* grid);
+    void MakeShortForm(QGridLayout* grid);
     void MakeLongForm(QGridLayout* grid);
-    TextBox* MakeField(const QString& name, int maxLength, QString& member);
-    QLabel* MakeTitle(int index, const QString& caption, QWidget* buddy);
+    /// What is made joins `group`, which is enabled and disabled together.
+    TextBox* MakeField(const QString& name, int maxLength, QString& member, std::vector<QWidget*>& group);
+    QLabel* MakeTitle(int index, const QString& caption, std::vector<QWidget*>& group);
 
     int page;
     EzFields& fields;

@@ -29,6 +29,7 @@ DatabaseLists::DatabaseLists(Session& session, KeyedTree& tree, QObject* parent)
 void DatabaseLists::Start() {
     Stop();
     session.ListOwner = ListTarget::Database;
+    remotes.clear();
     state = State::Remotes;
     Ask();
 }
@@ -68,7 +69,7 @@ void DatabaseLists::TakeNames(ReplyType type) {
 }
 
 void DatabaseLists::TakeRemotes() {
-    if (state != State::Remotes || (isProbing && isAnswered))
+    if (state != State::Remotes)
         return;
     remotes = Trimmed(session.NameList);
     tree.Clear();
@@ -82,7 +83,7 @@ void DatabaseLists::TakeRemotes() {
 
 void DatabaseLists::TakeCommands(int target) {
     const bool isOurs = (target & (ListTarget::Database | ListTarget::DatabaseCommands)) != 0;
-    if (!isOurs || state != State::Commands || (isProbing && isAnswered))
+    if (!isOurs || state != State::Commands)
         return;
     for (const QString& command : Trimmed(session.CommandList1))
         DatabaseTree::AddCommand(tree, remotes[remoteIndex], command);
@@ -117,9 +118,7 @@ void DatabaseLists::Probe(bool lost) {
 void DatabaseLists::EndProbe() {
     isProbing = false;
     if (!isAnswered && mayBeLost)
-        return Ask();
-    // Without the remotes there is nothing to fill.
-    if (!isAnswered && state == State::Remotes)
-        remotes.clear();
-    Advance();
+        Ask();
+    else
+        Advance();
 }

@@ -13,15 +13,15 @@ namespace {
 //   -  binary  line  receive  relay  LAN  AUX  active
 //                    inverted
 struct FlagRow {
-    quint8 bit;
     bool DatabaseSettings::*box;
+    quint8 bit;
     bool isInverted = false;
 };
 constexpr FlagRow FlagRows[] = {
-    {0x01, &DatabaseSettings::active},        {0x02, &DatabaseSettings::aux},
-    {0x04, &DatabaseSettings::lan},           {0x08, &DatabaseSettings::relay},
-    {0x10, &DatabaseSettings::receive, true}, {0x20, &DatabaseSettings::line},
-    {0x40, &DatabaseSettings::binary},
+    {&DatabaseSettings::active, 0x01},        {&DatabaseSettings::aux, 0x02},
+    {&DatabaseSettings::lan, 0x04},           {&DatabaseSettings::relay, 0x08},
+    {&DatabaseSettings::receive, 0x10, true}, {&DatabaseSettings::line, 0x20},
+    {&DatabaseSettings::binary, 0x40},
 };
 
 // A mode byte:  7 the input sends to the host   6 to 0 list index

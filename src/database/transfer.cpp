@@ -177,8 +177,7 @@ void DatabaseTransfer::TakeGlobal(const PageHead& head, const IRDBGlobalRecord& 
 void DatabaseTransfer::TakePage(const ListPage<IRDBElementRecord>& page) {
     if (state != State::Loading || (strayPages && page.head.Offset != nextIndex))
         return;
-    for (const IRDBElementRecord& element : page.elements)
-        Place(element);
+    Place(page.elements);
     // A page that brings the load no further is its last one.
     GoOnWith(page.head, page.head.More != 0 && page.head.Offset + page.head.Count > nextIndex);
 }
@@ -193,12 +192,16 @@ void DatabaseTransfer::GoOnWith(const PageHead& head, bool more) {
         End(Outcome::LinkLost);
 }
 
-void DatabaseTransfer::Place(const IRDBElementRecord& element) {
-    if (DatabaseElement::Apply(tree, element) != DatabaseElement::Applied::UnknownName)
-        return;
-    AddUnknown(WithoutBlanks(element.remote).toString(), WithoutBlanks(element.command).toString());
-    if (homeless.size() < MostUnknown)
-        homeless.push_back(element);
+void DatabaseTransfer::Place(const std::vector<IRDBElementRecord>& batch) {
+    const auto applied = DatabaseElement::Apply(tree, batch);
+    for (size_t i = 0; i < applied.size(); ++i) {
+        if (applied[i] != DatabaseElement::Applied::UnknownName)
+            continue;
+        const IRDBElementRecord& element = batch[i];
+        AddUnknown(WithoutBlanks(element.remote).toString(), WithoutBlanks(element.command).toString());
+        if (homeless.size() < MostUnknown)
+            homeless.push_back(element);
+    }
 }
 
 /// The remotes that the analog inputs send.
@@ -212,11 +215,10 @@ void DatabaseTransfer::CheckRemotes() {
 }
 
 void DatabaseTransfer::PlaceAgain() {
-    const auto elements = std::exchange(homeless, {});
+    const auto again = std::exchange(homeless, {});
     ForgetUnknown();
     CheckRemotes();
-    for (const IRDBElementRecord& element : elements)
-        Place(element);
+    Place(again);
 }
 
 void DatabaseTransfer::ForgetUnknown() {

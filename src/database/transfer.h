@@ -89,7 +89,7 @@ private:
     void TakeGlobal(const PageHead& head, const IRDBGlobalRecord& global);
     void TakePage(const ListPage<IRDBElementRecord>& page);
     void GoOnWith(const PageHead& head, bool more);
-    void Place(const IRDBElementRecord& element);
+    void Place(const std::vector<IRDBElementRecord>& batch);
     void CheckRemotes();
     void AddUnknown(const QString& remote, const QString& command);
     void ForgetUnknown();

@@ -5,6 +5,17 @@
 using namespace Qt::StringLiterals;
 using namespace ModusEx;
 
+namespace {
+
+/// Of a MAC address: hexadecimal digits, and what may stand between them.
+QChar MacCharacters(QChar character) {
+    const bool isSeparator = QStringView(u":.-").contains(character);
+    const QChar digit = HexDigitsAndBlanks(character);
+    return isSeparator ? character : digit == u' ' ? QChar() : digit;
+}
+
+} // namespace
+
 QWidget* SetModusExPage::MakeGeneral(SetModusExControls& controls, QWidget* parent) {
     Page page(u"frmGeneral"_s, parent);
 
@@ -48,7 +59,8 @@ QWidget* SetModusExPage::MakePower(SetModusExControls& controls, QWidget* parent
 
     Group waking(controls, u"fraWake"_s, u"Aufwecken"_s, page.Frame());
     constexpr int MacLength = 17; // "00-11-22-33-44-55"
-    waking.Add(Text::MAC, u"lblWakeOnLANMac"_s, u"WakeOnLAN MAC Address"_s, MacLength);
+    waking.Add(Text::MAC, u"lblWakeOnLANMac"_s, u"WakeOnLAN MAC Address"_s, MacLength)
+        ->SetFilter(&MacCharacters);
     waking.Add(Box::USBWakeup, u"Wake on USB aktivieren"_s);
     page.AddWide(waking, 1);
     return page.Frame();

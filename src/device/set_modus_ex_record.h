@@ -22,7 +22,7 @@
 ///     ExtFlags           -         -     chkXLong  SpeedHigh Emulate   Inverted   chkUDP   chkRC5free
 namespace ModusEx {
 
-enum class Byte : quint8 {
+enum class Byte {
     Mode,
     ExtMode,
     ExtMode2,
@@ -60,7 +60,7 @@ private:
 };
 
 /// Whether a control that is disabled has its say in the record.
-enum class Sent : quint8 { Always, IfEnabled };
+enum class Sent { Always, IfEnabled };
 
 struct BoxRow {
     Box box;

@@ -15,7 +15,7 @@
 namespace ModusEx {
 
 /// The check boxes; `chkMask` apart.
-enum class Box : quint8 {
+enum class Box {
     Mode0, ///< `chkMode(0)`, and so on
     Mode1,
     Mode2,
@@ -54,7 +54,7 @@ enum class Box : quint8 {
 };
 
 /// The drop-down lists.
-enum class List : quint8 {
+enum class List {
     Receiver1,
     Receiver2,
     Tolerance,
@@ -78,7 +78,7 @@ enum class List : quint8 {
 };
 
 /// The text boxes.
-enum class Text : quint8 { Timeout, Toggle, Hotremote, Hotcommand, Hotremote2, Hotcommand2, MAC, Count };
+enum class Text { Timeout, Toggle, Hotremote, Hotcommand, Hotremote2, Hotcommand2, MAC, Count };
 
 /// The code of a list in which nothing is selected.
 constexpr int NoCode = -1;

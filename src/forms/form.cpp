@@ -19,6 +19,7 @@ void Form::ShowModal() {
 void Form::ShowModeless() {
     setWindowModality(Qt::NonModal);
     show();
+    activateWindow();
 }
 
 void Form::Unload() {

@@ -26,6 +26,7 @@ public:
 
     /// Blocks all other windows while it is up.
     void ShowModal();
+    /// Makes it the active window, also if it is up already.
     void ShowModeless();
 
     /// Closes the form without asking.

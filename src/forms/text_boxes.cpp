@@ -15,9 +15,10 @@ constexpr int ShortLength = 8;
 /// Takes out of a text what the filter doesn't let in. It sees every way in which a text can change.
 class FilteringValidator : public QValidator {
 public:
-    FilteringValidator(CharacterFilter filter, QObject* parent)
+    FilteringValidator(CharacterFilter filter, TextRule rule, QObject* parent)
         : QValidator(parent)
-        , filter(filter) {}
+        , filter(filter)
+        , rule(rule) {}
 
     State validate(QString& text, int& cursor) const override {
         QString passed;
@@ -31,11 +32,12 @@ public:
         }
         text = passed;
         cursor = before;
-        return Acceptable;
+        return rule == nullptr || rule(text) ? Acceptable : Invalid;
     }
 
 private:
     CharacterFilter filter;
+    TextRule rule;
 };
 
 bool IsDigit(QChar character) {
@@ -64,9 +66,9 @@ TextBox::TextBox(const QString& name, int maxLength, QWidget* parent)
         setSizePolicy(QSizePolicy::Fixed, sizePolicy().verticalPolicy());
 }
 
-void TextBox::SetFilter(CharacterFilter filter) {
+void TextBox::SetFilter(CharacterFilter filter, TextRule rule) {
     const QValidator* old = validator();
-    setValidator(filter != nullptr ? new FilteringValidator(filter, this) : nullptr);
+    setValidator(filter != nullptr ? new FilteringValidator(filter, rule, this) : nullptr);
     delete old;
     if (filter == nullptr)
         return;

@@ -11,6 +11,9 @@
 /// character).
 using CharacterFilter = QChar (*)(QChar character);
 
+/// Says whether a text can stand in a text box.
+using TextRule = bool (*)(QStringView text);
+
 /// "0" to "9".
 QChar DigitsOnly(QChar character);
 /// Hexadecimal digits, small ones as capitals, and blanks.
@@ -25,8 +28,9 @@ public:
     TextBox(const QString& name, int maxLength, QWidget* parent);
 
     /// The filter goes over the text that stands in the box and over all that gets into it: typed, pasted,
-    /// dropped, from an input method, or set by code. Null lets everything in.
-    void SetFilter(CharacterFilter filter);
+    /// dropped, from an input method, or set by code. Null lets everything in. A change by hand that would
+    /// bring a text against `rule` is refused as a whole.
+    void SetFilter(CharacterFilter filter, TextRule rule = nullptr);
 
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;

@@ -18,6 +18,7 @@ public:
     /// @{
     static constexpr quint32 HasTranslator = 0x00000200;
     static constexpr quint32 HasDatabase = 0x02000000;
+    static constexpr quint32 HasPages = 0x80000000; ///< it serves web pages of its own
     /// @}
 
     explicit StatusStore(Session& session, QObject* parent = nullptr);

@@ -127,7 +127,7 @@ void TranslatorTransfer::Load(const QString& setName) {
     state = State::Loading;
     pagesAwaited = earlier + 1;
     if (session.SendRemoteCommand(Netcommand::ReadTranslator, setName, {}, 0))
-        session.SaveState = SaveStateKind::Unchanged;
+        sentState = std::exchange(session.SaveState, SaveStateKind::Unchanged);
     else
         Fail(Outcome::LinkLost);
 }
@@ -162,12 +162,14 @@ void TranslatorTransfer::Fill() {
         return Refuse(*refusal);
     const auto& nodes = std::get<TranslatorNodes>(built);
     FillTree(tree, nodes);
+    const int count = int(elements.size());
     const QPointer<TranslatorTransfer> alive(this);
-    emit Progress(int(elements.size()), int(elements.size()));
+    Rest(pagesAwaited > 0 ? State::Loading : State::Idle);
+    emit Progress(count, count);
     if (alive && nodes.includeNames)
         emit IncludeNamesLoaded(*nodes.includeNames);
     if (alive)
-        End(pagesAwaited > 0 ? State::Loading : State::Idle, Outcome::Loaded);
+        emit Ended(Outcome::Loaded);
 }
 
 /// Stops what runs without a word.
@@ -175,14 +177,17 @@ void TranslatorTransfer::GiveUp() {
     // The acknowledgement of the element that is out must not take another reply's place.
     if (IsSending() && session.PendingOp == Pending::TranslatorElement)
         session.PendingOp = Pending::None;
-    // Whether that name is taken has not been answered: the next store must not replace a file unasked.
-    if (state == State::StoreAsked && sentState != SaveStateKind::Unchanged &&
-        session.SaveState == SaveStateKind::Unchanged)
-        session.SaveState = SaveStateKind::Named;
-    state = State::Idle;
-    elements.clear();
+    if (state == State::StoreAsked || state == State::Loading)
+        AskAgain();
+    Rest(State::Idle);
     pagesAwaited = 0;
-    isCollecting = false;
+}
+
+/// A store that was given up unanswered, or a load that failed, doesn't make the name one that may be
+/// replaced unasked.
+void TranslatorTransfer::AskAgain() {
+    if (sentState != SaveStateKind::Unchanged && session.SaveState == SaveStateKind::Unchanged)
+        session.SaveState = SaveStateKind::Named;
 }
 
 void TranslatorTransfer::Fail(Outcome outcome) {
@@ -193,17 +198,23 @@ void TranslatorTransfer::Fail(Outcome outcome) {
 }
 
 void TranslatorTransfer::Refuse(const TranslatorRefusal& refusal) {
+    if (state == State::Loading)
+        AskAgain();
     const QPointer<TranslatorTransfer> alive(this);
-    const State next = pagesAwaited > 0 ? State::Loading : State::Idle;
+    Rest(pagesAwaited > 0 ? State::Loading : State::Idle);
     emit Refused(refusal);
     if (alive)
-        End(next, Outcome::Refused);
+        emit Ended(Outcome::Refused);
 }
 
-/// The chain is over. Nothing may follow this: who listens may start the next one, or destroy the object.
-void TranslatorTransfer::End(State next, Outcome outcome) {
+void TranslatorTransfer::Rest(State next) {
     state = next;
     elements.clear();
     isCollecting = false;
+}
+
+/// Who listens may start the next chain, or destroy the object.
+void TranslatorTransfer::End(State next, Outcome outcome) {
+    Rest(next);
     emit Ended(outcome);
 }

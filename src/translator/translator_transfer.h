@@ -74,6 +74,8 @@ private:
     void TakePage(const ListPage<TranslatorRequest>& page);
     void Fill();
     void GiveUp();
+    void AskAgain();
+    void Rest(State next);
     void Fail(Outcome outcome);
     void Refuse(const TranslatorRefusal& refusal);
     void End(State next, Outcome outcome);
@@ -84,7 +86,7 @@ private:
     QString name;
     bool includeNames = false;
     qint16 deviceTag = 0;
-    SaveStateKind sentState = SaveStateKind::Unchanged; ///< with the store request that is out
+    SaveStateKind sentState = SaveStateKind::Unchanged; ///< before the request that is out
     int current = 0;                                    ///< the element that is out
     std::vector<TranslatorRequest> elements;            ///< that go out, or that have arrived
     int pagesAwaited = 0;                               ///< first pages of loads that the server has not sent

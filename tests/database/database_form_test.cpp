@@ -213,7 +213,7 @@ private slots:
         rig.Find<frmRemProperties>("frmRemProperties")->close();
         rig.Activate();
         const auto entries = [&] {
-            QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint());
+            QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, {}, {});
             QApplication::sendEvent(view, &menuKey);
             QString enabled;
             for (const char* name : {"fnuRemProperties(10)", "fnuRemProperties(20)", "fnuRemProperties(30)"})
@@ -221,7 +221,8 @@ private slots:
             return enabled;
         };
         auto* menu = rig.Find<QMenu>("fnuPopupTree");
-        for (const auto& [enabled, tag] : {std::pair(u"011"_s, u""_s), {u"100"_s, u"000000000000000001000"_s}}) {
+        for (const auto& [enabled, tag] :
+             {std::pair(u"011"_s, u""_s), {u"100"_s, u"000000000000000001000"_s}}) {
             QCOMPARE(entries(), enabled);
             QVERIFY(menu->isVisible());
             QTest::keyClick(menu, Qt::Key_Down);
@@ -320,8 +321,8 @@ private slots:
         IRDBGlobalRecord global;
         global.minimumRemote[0] = u"gone"_s;
         QByteArray elements = element(10, u"tv"_s, u"on"_s);
-        for (const char16_t* command : {u"a", u"a", u"b"})
-            elements += element(10, u"tv"_s, QString(command));
+        for (const QString& command : {u"a"_s, u"a"_s, u"b"_s})
+            elements += element(10, u"tv"_s, command);
         rig.Play(Raw::Page(15, 0, 1, 5, 1, Encode(global)) + Raw::Page(15, 1, 4, 5, 0, elements));
         QVERIFY(!rig.CurrentBox());
         rig.Sent();

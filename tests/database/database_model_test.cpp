@@ -265,19 +265,23 @@ private slots:
                                              ? RemoteTag{dice.Target(), dice.Text(50).trimmed()}.Format()
                                              : dice.Action().Format());
 
-            const auto apply = [&](IRDBElementRecord element) {
-                // A server may give port 2 of an action back in bit 4 instead of bit 6.
-                if (element.ElementKind != DatabaseElement::Remote && (element.ElementFlags & 0x40) != 0 &&
-                    dice.Flip())
-                    element.ElementFlags ^= 0x50;
-                QCOMPARE(DatabaseElement::Apply(other, Travelled(element)), DatabaseElement::Applied::Yes);
-            };
+            std::vector<IRDBElementRecord> elements;
             for (const auto& node : DatabaseTree::MarkedNodes(tree)) {
                 if (node.isRemote)
-                    apply(DatabaseElement::OfRemote(node.remote, node.tag));
-                for (int g = 0; g < 8 && !node.isRemote; ++g)
-                    apply(
-                        DatabaseElement::OfAction(node.remote, node.command, *ActionTag::Parse(node.tag), g));
+                    elements.push_back(Travelled(DatabaseElement::OfRemote(node.remote, node.tag)));
+                for (int g = 0; g < 8 && !node.isRemote; ++g) {
+                    elements.push_back(Travelled(DatabaseElement::OfAction(node.remote, node.command,
+                                                                           *ActionTag::Parse(node.tag), g)));
+                    // A server may give port 2 of an action back in bit 4 instead of bit 6.
+                    if ((elements.back().ElementFlags & 0x40) != 0 && dice.Flip())
+                        elements.back().ElementFlags ^= 0x50;
+                }
+            }
+            for (std::span<const IRDBElementRecord> left = elements; !left.empty();) {
+                const auto page = left.first(std::min<size_t>(12, left.size()));
+                QCOMPARE(DatabaseElement::Apply(other, page),
+                         std::vector(page.size(), DatabaseElement::Applied::Yes));
+                left = left.subspan(page.size());
             }
             QCOMPARE(other.Count(), tree.Count());
             for (int i = 0; i < tree.Count(); ++i) {
@@ -306,7 +310,7 @@ private slots:
             element.ElementKind = quint8(kind);
             element.remote = remote;
             element.command = command;
-            return DatabaseElement::Apply(tree, element);
+            return DatabaseElement::Apply(tree, {&element, 1}).front();
         };
         QCOMPARE(apply(8, u"b"_s, {}), UnknownName);
         QCOMPARE(apply(10, u"a"_s, u"b"_s), UnknownName);

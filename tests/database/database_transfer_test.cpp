@@ -70,12 +70,6 @@ QString ElementStep(int kind, int number) {
     return u"46 kind %1 number %2 amp/"_s.arg(kind).arg(number) + (kind == 8 ? u""_s : u"mute"_s);
 }
 
-/// Eight elements of the command of `Rig::Mark`, from group `first` on.
-void Acknowledge(Rig& rig, int first) {
-    for (int g = first; g < 8; ++g)
-        QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 2 + g));
-}
-
 QByteArray GlobalPage(int total, bool more) {
     return Raw::Page(15, 0, 1, total, more ? 1 : 0, Golden::DatabaseGlobal());
 }
@@ -150,7 +144,8 @@ private slots:
         // What is changed now belongs to the next save.
         DatabaseTree::SetTag(rig.tree, u"Rtv"_s, DatabaseTree::DefaultRemoteTag.toString());
         rig.tree.Clear();
-        Acknowledge(rig, 0);
+        for (int g = 0; g < 8; ++g)
+            QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 2 + g));
         QCOMPARE(rig.session.TransferIndex, 3);
         QCOMPARE(rig.After(Raw::Ack()), u"48 one/ 1"_s);
         QCOMPARE(rig.session.SaveState, SaveStateKind::Unchanged);
@@ -206,19 +201,19 @@ private slots:
     void SilentServer() {
         Rig rig;
         rig.Mark();
+        DatabaseTree::SetTag(rig.tree, u"Ramp"_s, {});
         rig.transfer->Save(u"one"_s, {});
         rig.Steps();
-        QCOMPARE(rig.After(Raw::Ack()), ElementStep(8, 1));
         for (int g = 0; g < 3; ++g)
-            QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 2 + g));
+            QCOMPARE(rig.After(Raw::Ack()), ElementStep(10 + g, 1 + g));
         rig.transfer->Save(u"two"_s, {});
         QCOMPARE(rig.Steps(), u"46 global"_s);
-        QCOMPARE(rig.After(Raw::Ack()), ElementStep(8, 1));
-        Acknowledge(rig, 0);
+        QCOMPARE(rig.After(Raw::Ack()), ElementStep(10, 1));
+        QCOMPARE(rig.After(Raw::Ack()), ElementStep(11, 2));
         // A load gives the save up, and its page isn't taken for an acknowledgement.
         rig.transfer->Load(u"three"_s);
         QCOMPARE(rig.Steps(), u"49 three/ 0"_s);
-        QCOMPARE(rig.After(GlobalPage(1, false)), u"<settings; Loaded>"_s);
+        QVERIFY(rig.After(GlobalPage(1, false)).endsWith(u"Loaded>"));
         QCOMPARE(rig.After(Raw::Ack()), u""_s);
     }
 
@@ -352,10 +347,15 @@ private slots:
         const auto commands = Raw::Page(7, 0, 1, 1, 0, Raw::Command("on"));
         QCOMPARE(rig.After(commands), u"48 one/ 0"_s);
         QCOMPARE(rig.After(Raw::Ack()), u"<Stored>"_s);
+        const auto sets = Raw::Page(17, 0, 0, 0, 0);
         rig.lists.Recover();
         QCOMPARE(rig.Steps(), u"52 / 0"_s);
-        QCOMPARE(rig.After(Raw::Page(17, 0, 0, 0, 0)), u"19 tv/ 0"_s);
+        QCOMPARE(rig.After(sets), u"19 tv/ 0"_s);
+        // Here nothing was swallowed.
+        rig.lists.Recover();
         QCOMPARE(rig.After(commands), u"52 / 0"_s);
+        QCOMPARE(rig.After(sets), u"52 / 0"_s);
+        QCOMPARE(rig.After(sets), u"<sets >"_s);
         QCOMPARE(rig.tree.Count(), 2);
     }
 };

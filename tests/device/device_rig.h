@@ -18,7 +18,7 @@ struct DeviceRig {
     /// The next record that the server got; empty if none came.
     QByteArray TakeRecord() {
         const bool hasCome = QTest::qWaitFor([this] { return server.Records() > 0; });
-        const QByteArray record = hasCome ? server.Record(0) : QByteArray();
+        QByteArray record = hasCome ? server.Record(0) : QByteArray();
         server.TakeLog();
         return record;
     }

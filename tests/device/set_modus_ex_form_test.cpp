@@ -69,6 +69,11 @@ private slots:
         Control<QLineEdit>("txtTimeout")->setText(u"300"_s);
         Control<QLineEdit>("txtToggle")->setText(u"0"_s);
         QCOMPARE(Sent().sliced(225, 4).toHex(' '), QByteArray("fa 00 00 01"));
+        DeviceEntry network = Device();
+        network.Version = u"E5.20.01"_s;
+        Open(network);
+        Control<QLineEdit>("txtMAC")->setText(u" 0a:1b.2Cx3d-4e5f"_s);
+        QCOMPARE(Sent().sliced(218, 6).toHex(' '), QByteArray("0a 1b 2c 3d 4e 5f"));
     }
 
     void PagesAndCaptions() {

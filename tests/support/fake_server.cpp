@@ -5,10 +5,12 @@
 namespace {
 
 constexpr int ElementKindAt = 17; // in both records of netcommand 46
+constexpr char LineStart = 'A';   // of the lines of the text protocol; no netcommand has its number
 
 /// Of the record that begins `pending`, as far as that shows yet.
-int SizeOfRecord(const QByteArray& pending) {
+qsizetype SizeOfRecord(const QByteArray& pending) {
     switch (quint8(pending[0])) {
+    case LineStart: return pending.contains("\r\n") ? pending.indexOf("\r\n") + 2 : pending.size() + 1;
     case 0: return 4;
     case 20: return 136;
     case 29: return 214;
@@ -28,11 +30,13 @@ QString TextAt(const QByteArray& record, int offset, int width) {
 }
 
 QString Describe(const QByteArray& record) {
+    if (record[0] == LineStart)
+        return QString::fromLatin1(record.chopped(2));
     const int netcommand = quint8(record[0]);
     if (netcommand == 0)
         return QStringLiteral("hello");
     if (netcommand == 46) {
-        const int kind = record[ElementKindAt];
+        const int kind = quint8(record[ElementKindAt]);
         return kind == 9 ? QStringLiteral("46 global")
                          : QStringLiteral("46 kind %1 number %2 %3/%4")
                                .arg(kind)

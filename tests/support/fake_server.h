@@ -39,7 +39,8 @@ public:
     bool HasClient() const { return client && client->state() == QAbstractSocket::ConnectedState; }
 
     /// What has come over all connections, cut into records: "hello", "61 text param", "46 global",
-    /// "46 kind K number N remote/command", or "netcommand remote/command param"; joined with "; ".
+    /// "46 kind K number N remote/command", "netcommand remote/command param", or a line of the text
+    /// protocol; joined with "; ".
     QString Log() const { return log.join(QStringLiteral("; ")); }
     QString TakeLog();
     int Records() const { return int(log.size()); }

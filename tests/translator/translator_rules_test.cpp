@@ -254,6 +254,7 @@ private slots:
         SetPowerOn(p, true);
         QCOMPARE(Shown(p), u"---1- -----10"_s);
         SetPowerOff(p, true);
+        SetPowerOn(p, false); // as the box does that was cleared
         QCOMPARE(Shown(p), u"----0 -----10"_s);
         QVERIFY(PackTransRcv(p).endsWith(u"\\0\\128"));
         SetPowerOff(p, false);

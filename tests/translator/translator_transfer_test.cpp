@@ -208,10 +208,12 @@ private slots:
         rig.transfer->Store(u"a"_s, false);
         QCOMPARE(rig.Play(Raw::Ack().repeated(3) + Raw::Result(9, 0) + Raw::Ack()),
                  u"#0, #1, #2, 22 a/ 0 | 1/3, 2/3, 3/3, Failed"_s);
+        rig.session.SaveState = SaveStateKind::Named;
         rig.transfer->Load(u"a"_s);
         QCOMPARE(rig.Play(Raw::Ack() + Raw::Result(9, 0) + Page(u"late"_s, 0, 1, 1, false)),
                  u"21 a/ 0 | Failed"_s);
         QCOMPARE(rig.Texts(), before);
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Named); // the set isn't that of the name
     }
 
     void EndsWithTheObject() {

@@ -1,0 +1,302 @@
+#include "database/frmIRDBAction.h"
+#include "database/frmRemProperties.h"
+
+#include "support/suite.h"
+
+#include <QPointer>
+#include <QRandomGenerator>
+#include <QSignalSpy>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+QRandomGenerator dice(20);
+
+bool Coin() {
+    return dice.bounded(2) == 1;
+}
+
+ActionTarget RandomTarget() {
+    return {Coin() ? qint32(dice.generate()) : 0,
+            Coin() ? quint16(dice.generate()) : quint16(0),
+            Coin(),
+            Coin(),
+            Coin(),
+            Coin()};
+}
+
+/// Of all characters that a record can bring, control characters among them.
+QString RandomText(int most) {
+    QString text(dice.bounded(most + 1), u' ');
+    for (QChar& c : text)
+        c = QChar(dice.bounded(1, 256));
+    return text;
+}
+
+/// Binary data in its normal form, or as it may be typed.
+QString RandomBinary() {
+    QByteArray bytes(dice.bounded(256), '\0');
+    for (char& byte : bytes)
+        byte = char(dice.generate());
+    const QString typed[] = {u""_s, u"  1  FF A"_s};
+    return dice.bounded(4) == 0 ? typed[dice.bounded(2)] : BinaryToHex(bytes);
+}
+
+QString RandomActionTag() {
+    ActionTag tag;
+    tag.relay = dice.bounded(4);
+    tag.function = ActionDialog::RelayFunctions[dice.bounded(6)];
+    for (ActionGroup& group : tag.groups) {
+        group = {RandomTarget(), Coin(), {}};
+        group.text = group.binary ? RandomBinary() : RandomText(255);
+    }
+    tag.groups[size_t(dice.bounded(8))].target.isDefault = false; // so that something is set
+    return tag.Format();
+}
+
+DatabaseDevice::Controls Device(const QString& version) {
+    return DatabaseDevice::ControlsOf(version, false);
+}
+
+template <class T> T* Find(const Form* form, const QString& name, int page = -1) {
+    auto* control = form->findChild<T*>(page < 0 ? name : ElementName(name, page));
+    if (control == nullptr)
+        qFatal("no control %s", qPrintable(name));
+    return control;
+}
+
+/// Presses OK; what the form gave back. The form must be gone.
+template <class F> QString Accepted(F* form) {
+    const QPointer<F> loaded = form;
+    QSignalSpy changed(form, &F::TagChanged);
+    Find<QPushButton>(form, u"cmdOK"_s)->click();
+    QCoreApplication::sendPostedEvents(form, QEvent::DeferredDelete);
+    return loaded.isNull() && changed.size() == 1 ? changed[0][0].toString() : u"nothing"_s;
+}
+
+} // namespace
+
+class ActionFormTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void UnchangedTagsStay() {
+        const QString versions[] = {u"E5.05.07"_s, u"E5.08.10"_s, u"G6.05.10"_s, u"S6.03.10"_s};
+        for (int i = 0; i < 200; ++i) {
+            const QString tag = RandomActionTag();
+            QCOMPARE(Accepted(Action(tag, versions[i % 4])), tag);
+        }
+        for (int i = 0; i < 200; ++i) {
+            const QString tag = RemoteTag{RandomTarget(), RandomText(i % 2 == 0 ? 50 : 256)}.Format();
+            QCOMPARE(Accepted(Remote(tag, i % 3 != 0)), tag);
+        }
+        QCOMPARE(Accepted(Remote({}, true)), u"000000000000000001000"_s);
+        QCOMPARE(Accepted(Action({})), u'0' + ActionTag().Format().sliced(1));
+    }
+
+    /// EZ messages are the exception: they are packed anew, with the port and the flags that go with them.
+    void EzMessagesAreNormalised() {
+        ActionTag tag;
+        tag.groups[1] = {{1, 80, true, false, true, true}, true, u"00 00 01 AB 06 00 07 00 "_s};
+        tag.groups[2] = {{}, true, u"00 00 02 AB 0C 00 01 00 02 00 03 00 FF 01 05 00 00 00"_s};
+        tag.groups[3] = tag.groups[1];
+        auto* form = Action(tag.Format());
+        QString fields;
+        for (const char* name : {"txtSNr(1)", "txtSWert(1)", "txtHC1(2)", "txtHC2(2)", "txtAdr(2)",
+                                 "txtValue(2)", "txtArg(2)", "txtRepeat(2)"})
+            fields += Find<TextBox>(form, QString::fromLatin1(name))->text() + u' ';
+        QCOMPARE(fields + Find<ComboBox>(form, u"cmbTyp"_s, 2)->currentText(), u"7 7 1 2 3 511 5 0 RS862"_s);
+        QVERIFY(!Find<QCheckBox>(form, u"chkEZ"_s, 3)->isChecked());
+        tag.groups[1] = {{1, 7042, false, true, false, true}, true, u"0E AB 01 AB 06 00 07 00"_s};
+        tag.groups[2] = {{0, 7042, false, true, false, false},
+                         true,
+                         u"19 AC 02 AB 0C 00 01 00 02 00 03 00 FF 00 05 00 01 00"_s};
+        QCOMPARE(Accepted(form), tag.Format());
+    }
+
+    /// Steps are clicks by the user or, with "=", changes by code. Then the tabs that remain, "!" if their
+    /// strip is hidden, and whether the last (r)elay function is enabled. Of the page, enabled: (i)P, (p)ort,
+    /// (d)efault, (u)dp, (a)ux, aux(2), (b)inary, (e)z, (s)hort and (l)ong fields; visible: (t)ext, e(z)
+    /// fields; behind the stroke what is checked.
+    void ActionControls_data() {
+        QTest::addColumn<QString>("version");
+        QTest::addColumn<int>("page");
+        QTest::addColumn<QString>("steps");
+        QTest::addColumn<QString>("expected");
+        const auto row = [](const char* version, int page, const char* steps, const char* expected) {
+            QTest::addRow("%s %d %s", version, page, steps)
+                << QString::fromLatin1(version) << page << QString::fromLatin1(steps)
+                << QString::fromLatin1(expected);
+        };
+        row("G6.05.10", 0, "", "8r ipd2best/d");
+        row("G6.05.10", 7, "chkDefault", "8r ipdua2bst/");
+        row("G6.05.10", 1, "chkDefault chkUDP chkAUX chkAUX2 chkDefault", "8r ipd2best/d2");
+        row("G6.05.10", 0, "chkBinary", "8r ipd2best/db");
+        row("G6.05.10", 0, "chkEZ", "8r i2esz/ube");
+        row("G6.05.10", 2, "=chkEZ optLong", "8r i2elz/ube");
+        row("G6.05.10", 2, "chkEZ optLong optShort", "8r i2esz/ube");
+        row("G6.05.10", 2, "chkEZ chkEZ", "8r ipdua2best/ub");
+        row("G6.05.10", 3, "chkEZ", "8r ipd2bst/d");
+        row("E5.05.07", 0, "chkDefault chkEZ", "1! 2bst/d");
+        row("S6.03.10", 0, "chkDefault chkUDP", "2 d2bst/");
+        row("S6.03.10", 1, "chkDefault", "2 2bst/d");
+        row("S6.03.10", 0, "=chkEZ", "2 2sz/ube");
+    }
+    void ActionControls() {
+        QFETCH(QString, version);
+        QFETCH(int, page);
+        QFETCH(QString, steps);
+        const Form* form = Action({}, version);
+        for (const QString& step : steps.split(u' ', Qt::SkipEmptyParts)) {
+            if (step.startsWith(u'='))
+                Find<QAbstractButton>(form, step.sliced(1), page)->toggle();
+            else
+                Find<QAbstractButton>(form, step, page)->click();
+        }
+        const std::pair<QChar, QString> groups[] = {
+            {u'i', u"lblIP"_s},
+            {u'p', u"lblPort txtPort"_s},
+            {u'd', u"chkDefault"_s},
+            {u'u', u"chkUDP"_s},
+            {u'a', u"chkAUX"_s},
+            {u'2', u"chkAUX2"_s},
+            {u'b', u"chkBinary"_s},
+            {u'e', u"chkEZ"_s},
+            {u's', u"Label1 txtSNr Label2 txtSWert"_s},
+            {u'l',
+             u"Label3 cmbTyp Label4 txtHC1 txtHC2 Label5 txtAdr Label6 txtValue Label7 txtArg txtRepeat"_s},
+        };
+        QString state;
+        QString checked;
+        for (const auto& [letter, names] : groups) {
+            int enabled = 0;
+            for (const QString& name : names.split(u' ')) {
+                enabled += Find<QWidget>(form, name, page)->isEnabled() ? 1 : -1;
+                const auto* box = form->findChild<QCheckBox*>(ElementName(name, page));
+                checked += box != nullptr && box->isChecked() ? letter : QString();
+            }
+            QCOMPARE(qAbs(enabled), names.count(u' ') + 1);
+            state += enabled > 0 ? letter : QString();
+        }
+        for (int place = 0; place < 4; ++place)
+            QCOMPARE(Find<TextBox>(form, u"txtIP"_s, page * 4 + place)->isEnabled(), state.startsWith(u'i'));
+        state += Find<QWidget>(form, u"txtAction"_s, page)->isHidden() ? u""_s : u"t"_s;
+        state += Find<QWidget>(form, u"frmEZ"_s, page)->isHidden() ? u""_s : u"z"_s;
+        const auto* strip = Find<QTabBar>(form, u"tabMode"_s);
+        int tabs = 0;
+        for (int t = 0; t < strip->count(); ++t)
+            tabs += int(strip->isTabVisible(t));
+        const QString cuts = (strip->isHidden() ? u"!"_s : u""_s) +
+                             (Find<QRadioButton>(form, u"optRelais"_s, 5)->isEnabled() ? u"r "_s : u" "_s);
+        QTEST(QString::number(tabs) + cuts + state + u'/' + checked, "expected");
+    }
+
+    void TypedActionsAreFilteredAndLimited() {
+        const QString normal = BinaryToHex(QByteArray(255, '\x5A'));
+        ActionTag tag;
+        tag.groups[0] = {{}, true, normal};
+        auto* form = Action(tag.Format());
+        auto* box = Find<TextBox>(form, u"txtAction"_s, 0);
+        box->setSelection(0, 3);
+        QTest::keyClicks(box, u"1 2"_s); // would be one number more than an element holds
+        QCOMPARE(box->text(), u"1 "_s + normal.sliced(3));
+        auto* binary = Find<QCheckBox>(form, u"chkBinary"_s, 0);
+        binary->click();
+        QCOMPARE(box->text(), QString());
+        box->insert(QString(300, u'ü'));
+        QCOMPARE(box->text(), QString(255, u'ü'));
+        binary->click();
+        QTest::keyClicks(box, u"1aBg 2fF 0x3"_s);
+        box->insert(u" ABC"_s);
+        QCOMPARE(box->text(), u"1A 2F 03"_s);
+        QTest::keyClicks(Find<TextBox>(form, u"txtIP"_s, 0), u"9x99"_s);
+        QTest::keyClicks(Find<TextBox>(form, u"txtPort"_s, 0), u"-999999"_s);
+        tag.groups[0] = {{qint32(0xFF000000), 65535, true, false, false, false}, true, u"1A 2F 03"_s};
+        QCOMPARE(Accepted(form), tag.Format());
+    }
+
+    void EzFormsAndRelayByHand() {
+        auto* form = Action({});
+        ActionTag tag;
+        for (int page = 0; page < 3; ++page) {
+            Find<TextBox>(form, u"txtAction"_s, page)->setText(u"gone"_s);
+            Find<QCheckBox>(form, u"chkEZ"_s, page)->click();
+            tag.groups[size_t(page)] = {{0, 7042, false, true, false, false}, true, {}};
+            // On page 1 no type is chosen: its text stays, which is empty.
+            if (page > 0)
+                Find<QRadioButton>(form, u"optLong"_s, page)->click();
+        }
+        const std::pair<const char*, QString> typed[] = {
+            {"txtSNr(0)", u"1"_s}, {"txtSWert(0)", u"1"_s},      {"txtHC1(2)", u"1"_s}, {"txtHC2(2)", u"2"_s},
+            {"txtAdr(2)", u"3"_s}, {"txtValue(2)", u"999999"_s}, {"txtArg(2)", u"x"_s}};
+        for (const auto& [name, text] : typed)
+            QTest::keyClicks(Find<TextBox>(form, QString::fromLatin1(name)), text);
+        Find<ComboBox>(form, u"cmbTyp"_s, 2)->setCurrentIndex(1);
+        Find<ComboBox>(form, u"cmbRelais"_s)->setCurrentIndex(3);
+        Find<QRadioButton>(form, u"optRelais"_s, 4)->click();
+        tag.groups[0].text = u"02 AB 01 AB 00 00 01 00"_s;
+        tag.groups[2].text = u"0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00"_s;
+        tag.relay = 3;
+        tag.function = u'I';
+        QCOMPARE(Accepted(form), tag.Format());
+    }
+
+    void RemoteControls() {
+        for (const bool hasTarget : {true, false}) {
+            auto* form = Remote(u"000000000000000000111"_s, hasTarget);
+            for (const char* name : {"Label1", "txtIP(0)", "txtIP(3)", "Label2", "txtPort", "chkDefault"})
+                QCOMPARE(Find<QWidget>(form, QString::fromLatin1(name))->isEnabled(), hasTarget);
+            const auto state = [form] {
+                QString text;
+                for (const char* name : {"chkUDP", "chkAUX", "chkAUX2"}) {
+                    const auto* box = Find<QCheckBox>(form, QString::fromLatin1(name));
+                    text += (box->isEnabled() ? u"e"_s : u"-"_s) + (box->isChecked() ? u"c"_s : u"-"_s);
+                }
+                return text;
+            };
+            QCOMPARE(state(), u"ececec"_s);
+            Find<QCheckBox>(form, u"chkDefault"_s)->setChecked(true);
+            QCOMPARE(state(), u"----ec"_s);
+            Find<QCheckBox>(form, u"chkDefault"_s)->setChecked(false);
+            QCOMPARE(state(), u"e-e-ec"_s);
+            Find<TextBox>(form, u"txtAction"_s)->insert(QString(60, u'x'));
+            Find<TextBox>(form, u"txtIP(1)"_s)->insert(u"7a77"_s);
+            Find<TextBox>(form, u"txtPort"_s)->insert(u"65536"_s);
+            QCOMPARE(Accepted(form), u"000255000000655350001"_s + QString(50, u'x'));
+        }
+    }
+
+    void EscapeAndCancelGiveNothingBack() {
+        for (const bool byKey : {true, false}) {
+            const QPointer<frmIRDBAction> form = Action(RandomActionTag());
+            QSignalSpy changed(form, &frmIRDBAction::TagChanged);
+            form->ShowModal();
+            QVERIFY(!form->windowFlags().testFlag(Qt::WindowCloseButtonHint));
+            if (byKey)
+                QTest::keyClick(form, Qt::Key_Escape);
+            else
+                Find<QPushButton>(form, u"cmdCancel"_s)->click();
+            QTRY_VERIFY(form.isNull());
+            QVERIFY(changed.isEmpty());
+        }
+    }
+
+private:
+    frmIRDBAction* Action(const QString& tag, const QString& version = u"G6.05.10"_s) {
+        return new frmIRDBAction(services, tag, Device(version), &owner);
+    }
+    frmRemProperties* Remote(const QString& tag, bool hasTarget) {
+        return new frmRemProperties(services, tag, hasTarget, &owner);
+    }
+
+    Session session;
+    Language language;
+    Boxes boxes{language};
+    FormServices services{session, language, boxes};
+    QWidget owner; ///< of the forms that a test leaves open
+};
+
+SUITE(ActionFormTest);
+
+#include "action_form_test.moc"
