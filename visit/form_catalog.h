@@ -4,8 +4,6 @@
 #include "database/frmIRDBAction.h"
 #include "database/frmIRDBStatus.h"
 #include "database/frmRemProperties.h"
-#include "learn/frmProgramm.h"
-#include "learn/frmCCF.h"
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
 #include "device/frmSetModusEx.h"
@@ -60,19 +58,6 @@ inline QString CatalogActionTag() {
                      QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
     tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
     return tag.Format();
-/// Two buses with devices of several kinds.
-inline std::vector<DeviceBus> CatalogBuses() {
-    DeviceEntry usb;
-    usb.Version = QStringLiteral("V5.19.07");
-    usb.Mode = 0xFF;
-    usb.ExtMode = 0x0F;
-    usb.SendMask = 0xF00F;
-    usb.Capabilities = 0x00205802;
-    DeviceEntry lcd;
-    lcd.Version = QStringLiteral("L3.01.01");
-    DeviceEntry lan = usb;
-    lan.Version = QStringLiteral("G6.05.10");
-    return {{0, 0, {{0, usb}, {3, lcd}}}, {1, 5, {{5, lan}}}};
 }
 
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
@@ -89,9 +74,9 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmIP(services, parent),
         new frmIRDBAction(services, CatalogActionTag(), {}, parent),
         new frmIRDBStatus(services, parent),
-        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmLog(services, parent),
         new frmProgramm(services, parent),
+        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmSendFree(services, parent),
         new frmDeviceMode(services, CatalogBuses(), parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),

@@ -1,5 +1,7 @@
 #include "database/action_page.h"
 
+#include <QGridLayout>
+
 using namespace Qt::StringLiterals;
 
 ActionPage::ActionPage(int number, const ActionDialog::Cuts& cuts, QWidget* parent)
@@ -9,8 +11,7 @@ ActionPage::ActionPage(int number, const ActionDialog::Cuts& cuts, QWidget* pare
     setObjectName(ElementName(u"frmMode"_s, number));
     auto* rows = new QVBoxLayout(this);
     rows->addLayout(MakeTarget());
-    rows->addLayout(MakeFlags());
-    rows->addLayout(MakeKinds());
+    rows->addLayout(MakeChecks());
     txtAction = MakeTextBox(ElementName(u"txtAction"_s, number), ActionDialog::TextMax, this);
     connect(txtAction, &QLineEdit::textChanged, this, [this](const QString& text) { values.text = text; });
     rows->addWidget(txtAction);
@@ -41,44 +42,32 @@ QHBoxLayout* ActionPage::MakeTarget() {
     return row;
 }
 
-QHBoxLayout* ActionPage::MakeFlags() {
-    auto* row = new QHBoxLayout;
-    const auto add = [&](const QString& name, const QString& caption, bool& member) {
+QGridLayout* ActionPage::MakeChecks() {
+    auto* grid = new QGridLayout;
+    const auto add = [&](int row, int column, const QString& name, const QString& caption, bool& member,
+                         std::function<void()> clicked = {}) {
         auto* box = MakeCheckBox(ElementName(name, number), caption, this);
-        row->addWidget(box);
-        controls.Tie(box, member);
+        grid->addWidget(box, row, column);
+        controls.Tie(box, member, std::move(clicked));
         return box;
     };
-    chkDefault = MakeCheckBox(ElementName(u"chkDefault"_s, number), u"UDP/RS232 Default"_s, this);
-    row->addWidget(chkDefault);
-    controls.Tie(chkDefault, values.isDefault, [this] {
+    chkDefault = add(0, 0, u"chkDefault"_s, u"UDP/RS232 Default"_s, values.isDefault, [this] {
         if (ActionDialog::ControlsOf(values, cuts, number).port)
             ActionDialog::DefaultClicked(values);
         Show();
     });
-    chkUDP = add(u"chkUDP"_s, u"UDP"_s, values.udp);
-    chkAUX = add(u"chkAUX"_s, u"RS232 Port 1"_s, values.aux);
-    add(u"chkAUX2"_s, u"RS232 Port 2"_s, values.aux2);
-    row->addStretch();
-    return row;
-}
-
-QHBoxLayout* ActionPage::MakeKinds() {
-    auto* row = new QHBoxLayout;
-    chkBinary = MakeCheckBox(ElementName(u"chkBinary"_s, number), u"Binary Data"_s, this);
-    chkEZ = MakeCheckBox(ElementName(u"chkEZ"_s, number), u"EZ Control Mode"_s, this);
-    row->addWidget(chkBinary);
-    row->addWidget(chkEZ);
-    row->addStretch();
-    controls.Tie(chkBinary, values.binary, [this] {
+    chkUDP = add(0, 1, u"chkUDP"_s, u"UDP"_s, values.udp);
+    chkAUX = add(0, 2, u"chkAUX"_s, u"RS232 Port 1"_s, values.aux);
+    add(0, 3, u"chkAUX2"_s, u"RS232 Port 2"_s, values.aux2);
+    chkBinary = add(1, 0, u"chkBinary"_s, u"Binary Data"_s, values.binary, [this] {
         ActionDialog::BinaryClicked(values);
         Show();
     });
-    controls.Tie(chkEZ, values.ez, [this] {
+    chkEZ = add(1, 1, u"chkEZ"_s, u"EZ Control Mode"_s, values.ez, [this] {
         ActionDialog::EzClicked(values);
         Show();
     });
-    return row;
+    return grid;
 }
 
 void ActionPage::SetValues(const ActionDialog::Page& shown) {

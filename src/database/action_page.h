@@ -3,6 +3,8 @@
 #include "database/action_rules.h"
 #include "database/ez_controls.h"
 
+class QGridLayout;
+
 /// One of the eight pages of actions: where an action goes, and its text, for which a page in EZ mode has
 /// fields. The page carries out the rules of its check boxes, also when code changes them.
 class ActionPage : public QWidget {
@@ -20,8 +22,7 @@ public:
 
 private:
     QHBoxLayout* MakeTarget();
-    QHBoxLayout* MakeFlags();
-    QHBoxLayout* MakeKinds();
+    QGridLayout* MakeChecks();
     void Show();
     void ShowText();
 

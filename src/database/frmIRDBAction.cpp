@@ -18,6 +18,7 @@ frmIRDBAction::frmIRDBAction(const FormServices& services, const QString& tag,
         tabMode->Strip()->setTabVisible(g, g < cuts.pages);
         pages[size_t(g)] = page;
     }
+    tabMode->Strip()->setUsesScrollButtons(false); // the form is made wide enough for all tabs
     tabMode->Strip()->setVisible(cuts.hasTabs);
     rows->addWidget(tabMode);
     auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, this);

@@ -198,9 +198,9 @@ private slots:
         tag.groups[0] = {{}, true, normal};
         auto* form = Action(tag.Format());
         auto* box = Find<TextBox>(form, u"txtAction"_s, 0);
-        box->setSelection(0, 3);
-        QTest::keyClicks(box, u"1 2"_s); // would be one number more than an element holds
-        QCOMPARE(box->text(), u"1 "_s + normal.sliced(3));
+        box->setSelection(0, 5);
+        QTest::keyClicks(box, u"1 2 3"_s); // the last would be one number more than an element holds
+        QCOMPARE(box->text(), u"1 2 "_s + normal.sliced(5));
         auto* binary = Find<QCheckBox>(form, u"chkBinary"_s, 0);
         binary->click();
         QCOMPARE(box->text(), QString());
@@ -261,7 +261,7 @@ private slots:
             Find<QCheckBox>(form, u"chkDefault"_s)->setChecked(false);
             QCOMPARE(state(), u"e-e-ec"_s);
             Find<TextBox>(form, u"txtAction"_s)->insert(QString(60, u'x'));
-            Find<TextBox>(form, u"txtIP(1)"_s)->insert(u"7a77"_s);
+            Find<TextBox>(form, u"txtIP(1)"_s)->insert(u"777"_s);
             Find<TextBox>(form, u"txtPort"_s)->insert(u"65536"_s);
             QCOMPARE(Accepted(form), u"000255000000655350001"_s + QString(50, u'x'));
         }

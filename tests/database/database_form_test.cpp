@@ -141,7 +141,8 @@ class DatabaseFormTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    // The platform without a screen can't raise a menu, either.
+    void init() { QTest::failOnWarning(QRegularExpression(u"^(?!This plugin does not support )"_s)); }
 
     void RandomDatabasesTravel() {
         PracticeServer practice;
@@ -159,8 +160,8 @@ private slots:
             const QStringList held = Dice::Held(rig);
             rig.Name(run < 2 ? u"Haus"_s : u"set %1"_s.arg(run));
             rig.Press("cmdSave");
-            if (run < 2) {
-                // It exists; agreeing sends everything a second time.
+            if (run == 0) {
+                // It exists; agreeing sends everything a second time. From then on it is the dialog's own.
                 QTRY_VERIFY(rig.CurrentBox());
                 rig.AnswerBox();
                 rig.Activate();
@@ -263,6 +264,7 @@ private slots:
         rig.Edit("txtPort")->setText(u"70000"_s);
         rig.Press("cmdFlash");
         QCOMPARE(rig.Edit("txtMin(2)")->text() + rig.Edit("txtPort")->text(), u"25565535"_s);
+        rig.Play(Raw::Ack());
         mode->setCurrentIndex(4);
         QCOMPARE(rig.Edit("txtMin(2)")->text() + rig.Edit("txtMax(2)")->text() +
                      rig.Edit("txtMaxCommand(2)")->text() +
