@@ -16,6 +16,9 @@
 #include "tools/frmHTML.h"
 #include "tools/frmLog.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTransRcvProperties.h"
+#include "translator/frmTransRemProperties.h"
+#include "translator/frmTransSndProperties.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -58,6 +61,9 @@ inline QString CatalogActionTag() {
                      QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
     tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
     return tag.Format();
+/// A device with all that a translator can have but inputs.
+inline TranslatorDevice CatalogTranslatorDevice() {
+    return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
 /// One of every form but the main window, for those who walk them all: the gallery, and the test of the
@@ -82,6 +88,12 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmStartupText(services, parent),
+        new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
+                                  CatalogTranslatorDevice(), parent),
+        new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
+                                  QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
         new frmTranslatorWait(services, parent),
     };
 }

@@ -243,7 +243,9 @@ void frmSetModus::Reset() {
 }
 
 void frmSetModus::Send(qint32 target) {
-    services.session.SendModeCommand(PackSetModus(state, target));
+    // What couldn't be sent stays, so that nobody has to choose it again.
+    if (!services.session.SendModeCommand(PackSetModus(state, target)))
+        return;
     emit SettingsSent();
     Unload();
 }

@@ -74,7 +74,9 @@ void frmSetModusEx::Send(qint32 target) {
     }
     ModusEx::CorrectTimeout(state);
     controls.Show();
-    services.session.SendModeCommand(ModusEx::PackSetModusEx(state, target));
+    // What couldn't be sent stays, so that nobody has to choose it again.
+    if (!services.session.SendModeCommand(ModusEx::PackSetModusEx(state, target)))
+        return;
     emit SettingsSent();
     Unload();
 }

@@ -196,7 +196,7 @@ private:
         if (bytes.Get(Rs232Input) != 0)
             state.SelectCode(List::IO, BusPort::Rs232Input);
         if (BusPort::IsRs232(state.Code(List::IO)))
-            OfferAuxSpeed();
+            OfferAuxSpeed(AuxInShared);
     }
 
     /// The click rule of the connector enables all of the bus, also what this device doesn't have of it.
@@ -234,27 +234,27 @@ private:
                 state.SelectCode(List::IRInput, IrInput::Rs232Input);
         }
         if (IsIrPortSerial(state))
-            OfferAuxSpeed();
+            OfferAuxSpeed(AuxInShared);
     }
 
-    void OfferAuxSpeed() {
+    void OfferAuxSpeed(const SpeedPlace& place) {
         state.Enable(List::AuxBaudrate, true);
-        state.Select(List::AuxBaudrate, AuxSpeedPlace(state).In(bytes));
+        state.Select(List::AuxBaudrate, place.In(bytes));
         EnableSerialFormat(state, entry.ExtCapabilities);
     }
 
     void FillSerial() {
         if ((entry.ExtCapabilities2 & ExtCapability2::AuxSpeed) != 0 && HasExt(ExtCapability::AuxSpeed))
-            OfferAuxSpeed();
+            OfferAuxSpeed(AuxInShared);
         if (Has(Capability::SerialPort)) {
-            state.isPortSpeedAux = Has(Capability::AuxSpeed);
-            if (state.isPortSpeedAux) {
-                OfferAuxSpeed();
+            const bool isPortSpeedAux = Has(Capability::AuxSpeed);
+            if (isPortSpeedAux) {
+                OfferAuxSpeed(AuxInPort);
             } else {
                 state.Enable(List::Baudrate, true);
                 state.Select(List::Baudrate, PortSpeed.In(bytes));
             }
-            if (state.isPortSpeedAux || HasExt(ExtCapability::RtsCts))
+            if (isPortSpeedAux || HasExt(ExtCapability::RtsCts))
                 Offer(Box::RTS);
         }
         for (const List list : {List::Databits, List::Stopbits, List::Parity})

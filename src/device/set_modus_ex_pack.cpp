@@ -40,7 +40,7 @@ public:
         PackBusPort();
         PackIrInput();
         if (state.IsEnabled(List::AuxBaudrate))
-            PackSpeed(AuxSpeedPlace(state), List::AuxBaudrate);
+            PackSpeed(IsAuxForPort() ? AuxInPort : AuxInShared, List::AuxBaudrate);
         // Behind the auxiliary speed: a port with a speed of its own keeps it.
         if (state.IsEnabled(List::Baudrate))
             PackSpeed(PortSpeed, List::Baudrate);
@@ -77,6 +77,13 @@ private:
             bytes.Put(IrInputState, use);
         else if (IrInput::IsRs232(use))
             bytes.Put(use == IrInput::Rs232Input ? Rs232Input : Rs232OutputOrRelay, 1);
+    }
+
+    /// The speed is that of the RS232 port while the bus connector is there for something else and the IR
+    /// connectors are no serial ones.
+    bool IsAuxForPort() const {
+        return state.Index(List::IO) >= 0 && !BusPort::IsRs232(state.Code(List::IO)) &&
+               !IsIrPortSerial(state);
     }
 
     void PackSpeed(const SpeedPlace& place, List list) {

@@ -64,11 +64,6 @@ constexpr ListRow listRows[] = {
 
 static_assert(std::size(boxRows) == size_t(Box::Count));
 
-/// In both, whether the speed is 4 or more stands in the same place.
-constexpr Field AuxSpeedHigh = {SerialFlags, Bit(7)};
-constexpr SpeedPlace AuxInPort = {PortSpeed.low, true, AuxSpeedHigh};
-constexpr SpeedPlace AuxInShared = {SharedSpeed, false, AuxSpeedHigh};
-
 } // namespace
 
 Bytes::Bytes(const DeviceEntry& entry)
@@ -119,13 +114,6 @@ void SpeedPlace::Put(Bytes& bytes, int index) const {
     const int lowBits = index & 3;
     bytes.Put(low, isInverted ? 3 - lowBits : lowBits);
     bytes.Put(high, int(index >= 4));
-}
-
-SpeedPlace AuxSpeedPlace(const State& state) {
-    if (BusPort::IsRs232(state.Code(List::IO)) || IsIrPortSerial(state))
-        return AuxInShared;
-    const bool hasBusPort = state.Index(List::IO) >= 0;
-    return state.isPortSpeedAux || hasBusPort ? AuxInPort : AuxInShared;
 }
 
 } // namespace ModusEx

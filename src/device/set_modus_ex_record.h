@@ -109,9 +109,10 @@ struct SpeedPlace {
 /// Of `cmbBaudrate`.
 constexpr SpeedPlace PortSpeed = {{Byte::ExtMode2, {5, 2}}, true, {Byte::ExtFlags, Bit(4)}};
 
-/// Of `cmbAuxBaudrate`: that of the RS232 port, unless one of the other connectors is RS232, or the device
-/// has neither a bus nor such a port. Filling and packing ask the same question, so that a speed is read
-/// where it was written.
-SpeedPlace AuxSpeedPlace(const State& state);
+/// Of `cmbAuxBaudrate`, as the speed of the RS232 port or in the place that the bus and the state inputs use
+/// as well. Whether it is 4 or more stands in one place for both.
+constexpr Field AuxSpeedHigh = {Byte::SerialFlags, Bit(7)};
+constexpr SpeedPlace AuxInPort = {PortSpeed.low, true, AuxSpeedHigh};
+constexpr SpeedPlace AuxInShared = {SharedSpeed, false, AuxSpeedHigh};
 
 } // namespace ModusEx

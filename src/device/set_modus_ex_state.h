@@ -133,7 +133,6 @@ public:
     quint32 extCapabilities = 0;
     bool hasPlainReceivers = true;  ///< built-in receivers don't need to be told from external ones
     bool hasExternalSecond = false; ///< the second receiver's title is "Extern."
-    bool isPortSpeedAux = false;    ///< the speed of the RS232 port is the auxiliary one
     /// The serial bus had no speed to show when the device was read. The first return to it takes the
     /// defaults.
     bool areBusDefaultsDue = false;

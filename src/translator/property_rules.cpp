@@ -20,7 +20,9 @@ constexpr int RelayMask = 7;
 constexpr int RelayNumberUnit = 0x80;
 constexpr int RelayNumberMask = 3;
 
+// Entries of lists that hold fewer than their bits can say.
 constexpr int LedEntries = 12;
+constexpr int RelayEntries = 5;
 
 // What a command gets that is made accelerated.
 constexpr int NewTimeout = 750;
@@ -34,7 +36,7 @@ bool IsCommand(const CommandProperties& properties) {
 
 /// The number that was typed, between 0 and `most`.
 int TypedNumber(const QString& text, int most) {
-    return int(qBound(0.0, LeadingNumber(text), double(most)));
+    return qBound(0, int(RoundToI16(LeadingNumber(text))), most);
 }
 
 /// What a relay may do follows from the device and from the repetition, which it excludes.
@@ -102,7 +104,8 @@ CommandProperties FillTransRcv(QStringView tagText, const TranslatorDevice& devi
         if (properties.canRelayNumber)
             properties.relayNumber =
                 qMin((tag.param / RelayNumberUnit) & RelayNumberMask, properties.relayNumbers - 1);
-        SetRelay(properties, (tag.param / RelayUnit) & RelayMask);
+        const int relay = (tag.param / RelayUnit) & RelayMask;
+        SetRelay(properties, relay < RelayEntries ? relay : 0);
     }
     return properties;
 }

@@ -46,6 +46,7 @@ struct CommandProperties {
 
     bool operator==(const CommandProperties&) const = default;
 };
+/// A LED or a relay action that its list doesn't hold counts as the first entry.
 CommandProperties FillTransRcv(QStringView tag, const TranslatorDevice& device);
 void SetAccelerated(CommandProperties& properties, const TranslatorDevice& device, bool on);
 void SetRelay(CommandProperties& properties, int index);

@@ -42,9 +42,11 @@ struct Facts {
         const bool isSerial = port == 7 || port == 8 || ir >= 5 || isOutSerial;
         const bool isPortAux = Cap(4) && Cap(0x01000000);
         hasAux = isSerial || isPortAux || ((e.ExtCapabilities2 & 0x200) != 0 && Ext(0x40000));
-        isAuxShared = isSerial || (port == -1 && !isPortAux);
+        isAuxSentShared = isSerial || port == -1;
         const int inPort = 3 - (e.ExtMode2 >> 5 & 3);
-        isAuxKnown = hasAux && (isAuxShared ? shared : inPort) + (e.SerialFlags >> 7) * 4 <= 5;
+        auxLow = isPortAux ? inPort : shared;
+        isAuxMoved = isAuxSentShared == isPortAux;
+        isAuxKnown = hasAux && auxLow + (e.SerialFlags >> 7) * 4 <= 5;
         hasSpeed = Cap(4) && !Cap(0x01000000);
         isSpeedKnown = hasSpeed && inPort + (e.ExtFlags >> 4 & 1) * 4 <= 5;
         isBusSpeedSent = hasBusSpeed && Cap(0x1000) && Cap(0x0100000C) && port <= 0;
@@ -68,8 +70,10 @@ struct Facts {
     bool isIrUsed = false;
     bool isOutSerial = false;
     bool hasAux = false;
-    bool isAuxShared = false; ///< the auxiliary speed stands in `ReceiveTiming`
+    bool isAuxSentShared = false; ///< the auxiliary speed goes into `ReceiveTiming`, else into `ExtMode2`
+    bool isAuxMoved = false;      ///< and it came from the other one
     bool isAuxKnown = false;
+    int auxLow = 0;        ///< its two lowest bits
     bool hasSpeed = false; ///< of the RS232 port, in a list of its own
     bool isSpeedKnown = false;
     bool isBusSpeedSent = false;
@@ -82,7 +86,8 @@ struct Exception {
     Place place;
     quint32 bits;
     bool (*applies)(const Facts& f);
-    quint32 sent = 0; ///< in the place of the bits
+    quint32 sent = 0;                            ///< in the place of the bits
+    quint32 (*sentOf)(const Facts& f) = nullptr; ///< likewise, if that depends on the device
     int uses = 0;
 };
 
@@ -104,13 +109,19 @@ std::vector<Exception>& Exceptions() {
         {"only one can be external, and the first gives way", Receivers, 0x0F,
          [](F f) { return f.AreBothExternal(); }, 2},
         {"no RS232 speed, or none that the list has", ExtMode2, 0x60,
-         [](F f) { return !f.isSpeedKnown && !(f.isAuxKnown && !f.isAuxShared); }},
+         [](F f) { return !f.isSpeedKnown && !(f.isAuxKnown && !f.isAuxSentShared); }},
+        {"the auxiliary speed of another connector is sent for the RS232 port", ExtMode2, 0x60,
+         [](F f) { return f.isAuxKnown && f.isAuxMoved && !f.isAuxSentShared && !f.isSpeedKnown; }, 0,
+         [](F f) { return quint32(3 - f.auxLow) << 5; }},
         {"no handshake", ExtMode2, 0x80,
          [](F f) { return !f.Cap(4) || (!f.Cap(0x01000000) && !f.Ext(0x100)); }},
         {"a time-out has at least 1 ms", Timeout, 0xFF, [](F f) { return f.e.ReceiveTimeout == 0; }, 1},
         {"a time-out has at most 250 ms", Timeout, 0xFF, [](F f) { return f.e.ReceiveTimeout > 250; }, 250},
         {"neither bus speed, state input nor auxiliary speed", Timing, 0x18,
-         [](F f) { return !f.isBusSpeedSent && !f.HasStatePort() && !(f.isAuxKnown && f.isAuxShared); }},
+         [](F f) { return !f.isBusSpeedSent && !f.HasStatePort() && !(f.isAuxKnown && f.isAuxSentShared); }},
+        {"the speed of the RS232 port is sent for another connector", Timing, 0x18,
+         [](F f) { return f.isAuxKnown && f.isAuxMoved && f.isAuxSentShared; }, 0,
+         [](F f) { return quint32(f.auxLow) << 3; }},
         {"refinements of RCMM without RCMM", Codes, 0x06, [](F f) { return (f.e.CodeFlags & 1) == 0; }},
         {"no duty cycle to choose", Codes, 0x80, [](F f) { return !f.Ext(0x400); }},
         {"a count of toggle bits without a position", Toggle, 0x80,
@@ -200,9 +211,10 @@ ModeRequest Oracle::Expected(const DeviceEntry& entry, qint16 target) {
                         entry.IOFlags,        entry.SerialFlags,   entry.ExtFlags,  entry.SendMask};
     for (Exception& exception : Exceptions()) {
         quint32& value = values[exception.place];
-        if (!exception.applies(facts) || (value & exception.bits) == exception.sent)
+        const quint32 sent = exception.sentOf != nullptr ? exception.sentOf(facts) : exception.sent;
+        if (!exception.applies(facts) || (value & exception.bits) == sent)
             continue;
-        value = (value & ~exception.bits) | exception.sent;
+        value = (value & ~exception.bits) | sent;
         ++exception.uses;
     }
     ModeRequest request;

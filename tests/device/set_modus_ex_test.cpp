@@ -367,10 +367,8 @@ private slots:
         const int baud = int(List::Baudrate);
         const int aux = int(List::AuxBaudrate);
         QTest::newRow("port") << 0x4U << 0U << baud << u"60 00 00 10"_s;
-        QTest::newRow("port as auxiliary") << 0x01000004U << 0U << aux << u"60 00 80 00"_s;
-        QTest::newRow("the same with a bus") << 0x01000006U << 0U << aux << u"60 00 80 00"_s;
+        QTest::newRow("port as auxiliary with a bus") << 0x01000006U << 0U << aux << u"60 00 80 00"_s;
         QTest::newRow("auxiliary without a bus") << 0U << 0x40000U << aux << u"00 00 80 00"_s;
-        QTest::newRow("auxiliary with a bus") << 0x2U << 0x40000U << aux << u"60 00 80 00"_s;
     }
 
     void Speeds() {
