@@ -84,7 +84,6 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmProgramm(services, parent),
         new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
         new frmSendFree(services, parent),
-        new frmDeviceMode(services, CatalogBuses(), parent),
         new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
         new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
         new frmStartupText(services, parent),
