@@ -152,6 +152,7 @@ bool DatabaseTransfer::Load(const QString& name) {
     ++globalsDue;
     nextIndex = 0;
     wasRefused = false;
+    loaded = {};
     ForgetUnknown();
     return true;
 }
