@@ -61,6 +61,8 @@ inline QString CatalogActionTag() {
                      QStringLiteral("0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00")};
     tag.groups[1] = {{}, false, QStringLiteral("%r,%c\\r\\n")};
     return tag.Format();
+}
+
 /// A device with all that a translator can have but inputs.
 inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
