@@ -93,7 +93,8 @@ void BinaryClicked(Page& page);
 void EzClicked(Page& page);
 /// @}
 
-/// How many characters txtAction takes. What a tag brings may be longer than what can be typed and isn't cut.
+/// How many characters txtAction takes. Binary data that a tag brings may be longer than what can be typed
+/// and isn't cut.
 int TextLimit(const Page& page);
 
 /// Whether `text` can stand in txtAction of a binary action: capital hexadecimal digits and blanks, at most

@@ -4,8 +4,8 @@ void ValueControls::Tie(QLineEdit* box, QString& member) {
     QObject::connect(box, &QLineEdit::textChanged, box, [&member](const QString& text) { member = text; });
     shows.emplace_back([box, &member] {
         // Setting a text moves the cursor, so it is set only if it is another.
-        if (const QString text = member; text != box->text())
-            box->setText(text);
+        if (member != box->text())
+            box->setText(member);
     });
 }
 
