@@ -19,6 +19,7 @@
 #include "translator/frmTransRcvProperties.h"
 #include "translator/frmTransRemProperties.h"
 #include "translator/frmTransSndProperties.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 #include <vector>
@@ -95,6 +96,7 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
                                   CatalogTranslatorDevice(), parent),
         new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
                                   QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
+        new frmTranslator(services, {}, {}, parent),
         new frmTranslatorWait(services, parent),
     };
 }

@@ -1,6 +1,7 @@
 #include "visit/gallery.h"
 
 #include "app/program.h"
+#include "forms/tab_frames.h"
 #include "visit/form_catalog.h"
 
 #include <QApplication>
@@ -32,6 +33,20 @@ bool Save(QWidget& window, const QString& path) {
     return isSaved;
 }
 
+/// A form with tabs has a picture of each.
+bool SaveForm(Form& form, const QString& folder, const QString& suffix) {
+    const QString start = folder + u'/' + form.objectName() + u'-';
+    auto* tabs = form.findChild<TabFrames*>();
+    if (tabs == nullptr)
+        return Save(form, start + suffix);
+    bool isSaved = true;
+    for (int i = 0; i < tabs->Strip()->count(); ++i) {
+        tabs->SetIndex(i);
+        isSaved = Save(form, start + QString::number(i + 1) + u'-' + suffix) && isSaved;
+    }
+    return isSaved;
+}
+
 bool MakePictures(const QString& folder, const QString& word, const QString& suffix) {
     Session session;
     Language language;
@@ -41,7 +56,7 @@ bool MakePictures(const QString& folder, const QString& word, const QString& suf
     frmRemote window(services, [] { return QString(); });
     bool isSaved = Save(window, folder + u"/frmRemote-"_s + suffix);
     for (Form* form : MakeAllForms(services, nullptr)) {
-        isSaved = Save(*form, folder + u'/' + form->objectName() + u'-' + suffix) && isSaved;
+        isSaved = SaveForm(*form, folder, suffix) && isSaved;
         delete form;
     }
     return isSaved;

@@ -26,7 +26,10 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     connect(&status, &StatusStore::TranslatorWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
-            TellMissing(u"mnuModus(13)"_s);
+            translator
+                .Load(this->services, ListTranslatorDevices(status), this->mainWindow->windowTitle(),
+                      this->mainWindow)
+                .ShowModal();
         else
             TellNoDevice(u"No Vantrel Translator connected to your system."_s);
     });

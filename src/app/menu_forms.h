@@ -10,6 +10,7 @@
 #include "tools/frmAnalogIO.h"
 #include "tools/frmHTML.h"
 #include "tools/frmSendFree.h"
+#include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
 /// Knows which menu entry opens which form, and what the arrival of a device status opens.
@@ -51,5 +52,6 @@ private:
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
     FormSlot<frmDeviceDB> database;
+    FormSlot<frmTranslator> translator;
     FormSlot<frmTranslatorWait> wait;
 };

@@ -1,20 +1,13 @@
 #pragma once
 
-#include "forms/combo_boxes.h"
-#include "forms/form.h"
 #include "learn/frmCCF.h"
-#include "learn/learn_controls.h"
-#include "learn/learn_rules.h"
+#include "learn/learn_form_view.h"
 
-#include <QCheckBox>
-#include <QLabel>
-#include <QProgressBar>
-#include <QPushButton>
 #include <QTimer>
 
 /// Teaches commands: the user picks the device that listens, opens a remote at the server, and has one
 /// command after the other learned into it. The server keeps what was learned.
-class frmProgramm : public Form {
+class frmProgramm : public LearnFormView {
     Q_OBJECT
 
 public:
@@ -24,19 +17,8 @@ protected:
     void changeEvent(QEvent* event) override;
 
 private:
-    // The constructor's parts.
-    QWidget* MakeDeviceFrame();
-    QWidget* MakeStepsFrame();
-    QWidget* MakeParameterFrame();
-    QWidget* MakeRemoteFrame();
-    QWidget* MakeStatusBar();
     void Connect();
 
-    /// Puts what the rules say into the controls.
-    void Refresh();
-    void RefreshLists();
-    /// Reads what the user has chosen, before a rule looks at it.
-    void Collect();
     /// Runs EnableLearn over the state and shows it.
     void RunEnableLearn();
 
@@ -66,38 +48,6 @@ private:
     void AskState();
 
     BusElement SelectedBus;
-    LearnControls state;
-    bool isRefreshing = false;
-
-    ComboBox* cmbBus = nullptr;
-    ComboBox* cmbAdrMode = nullptr;
-    TextBox* txtAdresse = nullptr;
-    EditableComboBox* txtRemote = nullptr;
-    QPushButton* cmdRemote = nullptr;
-    ComboBox* cmbMode = nullptr;
-    QPushButton* cmdTiming = nullptr;
-    TextBox* txtCommand = nullptr;
-    QPushButton* cmdLearn = nullptr;
-    QPushButton* cmdCCF = nullptr;
-    QPushButton* cmdRS232 = nullptr;
-    QPushButton* cmdClose = nullptr;
-    ComboBox* cmbRcv = nullptr;
-    ComboBox* cmbTimeout = nullptr;
-    ComboBox* cmbToleranz = nullptr;
-    ComboBox* cmbCalibrate = nullptr;
-    TextBox* txtTimeout = nullptr;
-    CarrierBox* txtFrequenz = nullptr;
-    QCheckBox* chkXL = nullptr;
-    QCheckBox* chkToggle = nullptr;
-    QCheckBox* chkSort = nullptr;
-    QCheckBox* chkBO = nullptr;
-    TextBox* txtCode = nullptr;
-    TextBox* txtCommands = nullptr;
-    TextBox* txtTimings = nullptr;
-    QLabel* learnok = nullptr;
-    std::array<ArrowMark*, 3> picArrow{};
-    QProgressBar* pgbStat = nullptr;
-    QLabel* prompt = nullptr;
     QTimer* Timer = nullptr;
     QTimer* Timer1 = nullptr;
 };

@@ -172,7 +172,6 @@ void TranslatorTransfer::Fill() {
         emit Ended(Outcome::Loaded);
 }
 
-/// Stops what runs without a word.
 void TranslatorTransfer::GiveUp() {
     // The acknowledgement of the element that is out must not take another reply's place.
     if (IsSending() && session.PendingOp == Pending::TranslatorElement)

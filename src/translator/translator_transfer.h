@@ -38,6 +38,8 @@ public:
     /// @}
 
     bool IsRunning() const;
+    /// Ends what runs without a word. What the server still says to it has no effect.
+    void GiveUp();
 
 signals:
     /// `element` elements of `total` have been taken by the server, or have arrived.
@@ -73,7 +75,6 @@ private:
     void TakeFlashEnd(bool stored);
     void TakePage(const ListPage<TranslatorRequest>& page);
     void Fill();
-    void GiveUp();
     void AskAgain();
     void Rest(State next);
     void Fail(Outcome outcome);
