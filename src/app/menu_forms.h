@@ -36,8 +36,6 @@ private:
     /// The settings of the only device, or all devices.
     void OpenDevices();
     void UnloadWait();
-    /// Tells that what the menu entry of this control name opens isn't part of the program yet.
-    void TellMissing(const QString& entry);
     void TellNoDevice(const QString& text);
 
     FormServices services;
