@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/frmDeviceDB.h"
 #include "database/frmIRDBAction.h"
 #include "database/frmIRDBStatus.h"
 #include "database/frmRemProperties.h"
@@ -76,6 +77,7 @@ inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* pa
         new frmAbout(services, QStringLiteral("Vantrel Client"), parent),
         new frmAnalogIO(services, parent),
         new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
+        new frmDeviceDB(services, {}, parent),
         new frmDeviceMode(services, CatalogBuses(), parent),
         new frmHTML(services, status, parent),
         new frmIP(services, parent),

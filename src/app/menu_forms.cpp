@@ -1,7 +1,6 @@
 #include "app/menu_forms.h"
 
 #include "device/device_settings_view.h"
-#include "forms/controls.h"
 
 #include <QHash>
 
@@ -19,7 +18,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
-            TellMissing(u"mnuModus(14)"_s);
+            database.Load(this->services, DatabaseDevice::Choices(status), this->mainWindow).ShowModal();
         else
             TellNoDevice(u"No Vantrel Device with IR DB connected to your system."_s);
     });
@@ -96,13 +95,6 @@ void MenuForms::OpenDevices() {
 void MenuForms::UnloadWait() {
     if (wait.Loaded() != nullptr)
         wait.Loaded()->Unload();
-}
-
-void MenuForms::TellMissing(const QString& entry) {
-    const auto* action = mainWindow->findChild<QAction*>(entry);
-    const QString text =
-        services.language.GetLanguageText(u"frmRemote.Missing"_s, u"Noch nicht vorhanden: "_s);
-    services.boxes.Show({QMessageBox::Information, text + FromMnemonicText(action->text()), {}});
 }
 
 void MenuForms::TellNoDevice(const QString& text) {

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "database/frmDeviceDB.h"
 #include "device/frmDeviceMode.h"
 #include "forms/form_slot.h"
 #include "learn/frmProgramm.h"
@@ -35,8 +36,6 @@ private:
     /// The settings of the only device, or all devices.
     void OpenDevices();
     void UnloadWait();
-    /// Tells that what the menu entry of this control name opens isn't part of the program yet.
-    void TellMissing(const QString& entry);
     void TellNoDevice(const QString& text);
 
     FormServices services;
@@ -50,6 +49,7 @@ private:
     FormSlot<frmHTML> html;
     FormSlot<frmDeviceMode> devices;
     QPointer<Form> settings; ///< of the only device
+    FormSlot<frmDeviceDB> database;
     FormSlot<frmTranslator> translator;
     FormSlot<frmTranslatorWait> wait;
 };

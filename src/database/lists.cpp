@@ -57,6 +57,7 @@ void DatabaseLists::Ask() {
 void DatabaseLists::Advance() {
     remoteIndex = state == State::Remotes ? 0 : remoteIndex + 1;
     state = remoteIndex < remotes.size() ? State::Commands : State::Sets;
+    emit Progress(remoteIndex, int(remotes.size()));
     Ask();
 }
 

@@ -29,6 +29,8 @@ public:
     void Recover();
 
 signals:
+    /// The commands of `done` of `total` remotes have come.
+    void Progress(int done, int total);
     /// The tree holds the remotes; `names` are all of them as listed, for the lists of the analog inputs.
     void RemotesListed(const QStringList& names);
     /// The names of the stored databases. The chain has ended.

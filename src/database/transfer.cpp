@@ -7,8 +7,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-/// Names that are remembered: as many as a list can count elements.
-constexpr qsizetype MostUnknown = 32767;
+/// Names and elements that are remembered: as many as a list can count elements.
+constexpr size_t MostUnknown = 32767;
 
 int ElementsOf(const DatabaseTree::Marked& node) {
     return node.isRemote ? 1 : ActionTag::Groups;
@@ -152,8 +152,8 @@ bool DatabaseTransfer::Load(const QString& name) {
     ++globalsDue;
     nextIndex = 0;
     wasRefused = false;
-    unknown.clear();
-    unknownKeys.clear();
+    loaded = {};
+    ForgetUnknown();
     return true;
 }
 
@@ -166,16 +166,11 @@ void DatabaseTransfer::TakeGlobal(const PageHead& head, const IRDBGlobalRecord& 
     // Of two loads in a row the answer to the first has begun to fill the tree, and this is the second.
     if (nextIndex != 0) {
         DatabaseTree::ClearTags(tree);
-        unknown.clear();
-        unknownKeys.clear();
+        ForgetUnknown();
     }
+    loaded = global;
     emit SettingsLoaded(global);
-    for (const auto& names : {global.minimumRemote, global.maximumRemote})
-        for (const QString& name : names) {
-            const QString remote = WithoutBlanks(name).toString();
-            if (!remote.isEmpty() && DatabaseTree::FindRemote(tree, remote) == nullptr)
-                AddUnknown(remote, {});
-        }
+    CheckRemotes();
     // A server may count the settings as an element or not.
     GoOnWith(head, head.More != 0 && head.Count >= 0);
 }
@@ -183,11 +178,7 @@ void DatabaseTransfer::TakeGlobal(const PageHead& head, const IRDBGlobalRecord& 
 void DatabaseTransfer::TakePage(const ListPage<IRDBElementRecord>& page) {
     if (state != State::Loading || (strayPages && page.head.Offset != nextIndex))
         return;
-    const auto applied = DatabaseElement::Apply(tree, page.elements);
-    for (size_t i = 0; i < applied.size(); ++i)
-        if (applied[i] == DatabaseElement::Applied::UnknownName)
-            AddUnknown(WithoutBlanks(page.elements[i].remote).toString(),
-                       WithoutBlanks(page.elements[i].command).toString());
+    Place(page.elements);
     // A page that brings the load no further is its last one.
     GoOnWith(page.head, page.head.More != 0 && page.head.Offset + page.head.Count > nextIndex);
 }
@@ -202,9 +193,44 @@ void DatabaseTransfer::GoOnWith(const PageHead& head, bool more) {
         End(Outcome::LinkLost);
 }
 
+void DatabaseTransfer::Place(const std::vector<IRDBElementRecord>& batch) {
+    const auto applied = DatabaseElement::Apply(tree, batch);
+    for (size_t i = 0; i < applied.size(); ++i) {
+        if (applied[i] != DatabaseElement::Applied::UnknownName)
+            continue;
+        const IRDBElementRecord& element = batch[i];
+        AddUnknown(WithoutBlanks(element.remote).toString(), WithoutBlanks(element.command).toString());
+        if (homeless.size() < MostUnknown)
+            homeless.push_back(element);
+    }
+}
+
+/// The remotes that the analog inputs send.
+void DatabaseTransfer::CheckRemotes() {
+    for (const auto& names : {loaded.minimumRemote, loaded.maximumRemote})
+        for (const QString& name : names) {
+            const QString remote = WithoutBlanks(name).toString();
+            if (!remote.isEmpty() && DatabaseTree::FindRemote(tree, remote) == nullptr)
+                AddUnknown(remote, {});
+        }
+}
+
+void DatabaseTransfer::PlaceAgain() {
+    const auto again = std::exchange(homeless, {});
+    ForgetUnknown();
+    CheckRemotes();
+    Place(again);
+}
+
+void DatabaseTransfer::ForgetUnknown() {
+    unknown.clear();
+    unknownKeys.clear();
+    homeless.clear();
+}
+
 void DatabaseTransfer::AddUnknown(const QString& remote, const QString& command) {
     const QString name = command.isEmpty() ? remote : remote + u" / "_s + command;
-    if (unknown.size() == MostUnknown || unknownKeys.contains(name))
+    if (size_t(unknown.size()) == MostUnknown || unknownKeys.contains(name))
         return;
     unknownKeys.insert(name);
     unknown += name;

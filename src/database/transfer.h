@@ -49,9 +49,12 @@ public:
     void Flash(int deviceTag, const DatabaseSettings& settings);
 
     State Current() const { return state; }
-    /// Elements that the running load named and the tree doesn't have: "remote" or "remote / command", each
+    /// Elements that the last load named and the tree doesn't have: "remote" or "remote / command", each
     /// once.
     const QStringList& Unknown() const { return unknown; }
+    /// To be called when the tree has grown since a load: gives the elements that had no place another
+    /// chance. Unknown() holds what is still left.
+    void PlaceAgain();
 
 signals:
     /// `element` of `total` elements have been taken; the settings don't count in a save, they do in a load.
@@ -86,7 +89,10 @@ private:
     void TakeGlobal(const PageHead& head, const IRDBGlobalRecord& global);
     void TakePage(const ListPage<IRDBElementRecord>& page);
     void GoOnWith(const PageHead& head, bool more);
+    void Place(const std::vector<IRDBElementRecord>& batch);
+    void CheckRemotes();
     void AddUnknown(const QString& remote, const QString& command);
+    void ForgetUnknown();
     void TakeError();
     void LoseLink();
     void End(Outcome outcome);
@@ -104,6 +110,8 @@ private:
     int globalsDue = 0;      ///< loads of this connection whose first page hasn't come
     bool strayPages = false; ///< a load was given up, so pages may come that nobody waits for
     bool wasRefused = false; ///< told for this load
+    IRDBGlobalRecord loaded; ///< the settings of the last load
     QStringList unknown;
     QSet<QString> unknownKeys;
+    std::vector<IRDBElementRecord> homeless; ///< elements of unknown names
 };
