@@ -11,7 +11,7 @@ namespace ModusEx {
 
 namespace {
 
-/// A network device that has no power-on command either.
+/// A network device on which waking is the only choice. A power-on command that it has goes back as it came.
 constexpr char16_t WakeOnly = u'W';
 
 constexpr quint32 OwnLinks = Capability::SerialPort | Capability::UsbWakeup | Capability::AuxSpeed;
@@ -148,11 +148,13 @@ private:
 
     void FillPower() {
         const bool isWakeOnly = IsKind(entry, {WakeOnly});
-        if ((!Has(Capability::NoPowerOn) || Has(Capability::PowerOn | Capability::PowerOnToo)) &&
-            !isWakeOnly) {
+        if (!Has(Capability::NoPowerOn) || Has(Capability::PowerOn | Capability::PowerOnToo)) {
             OfferText(Text::Hotremote, entry.HotRemote);
             OfferText(Text::Hotcommand, entry.HotCommand);
         }
+        if (isWakeOnly)
+            for (const Text text : {Text::Hotremote, Text::Hotcommand})
+                state.Enable(text, false);
         if (!Has(Capability::UsbWakeup))
             state.SetOn(Box::USBWakeup, false);
         else if (HasExt(ExtCapability::FreeUsbWakeup))

@@ -226,7 +226,7 @@ ModeRequest Oracle::Expected(const DeviceEntry& entry, qint16 target) {
         request.ExtParam[i] = quint8(values[Receivers + i]);
     request.DeviceTag = target;
 
-    if ((!facts.Cap(0x80) || facts.Cap(0x400010)) && !facts.Is(u"W")) {
+    if (!facts.Cap(0x80) || facts.Cap(0x400010)) {
         request.HotRemote = entry.HotRemote;
         request.HotCommand = entry.HotCommand;
     }

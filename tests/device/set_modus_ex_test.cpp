@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(SettingsOf(PackSetModusEx(FillSetModusEx(display), 3)),
                  u"00 1a 03 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
 
-        DeviceEntry network = Device(0x01200084, 0x80180000);
+        DeviceEntry network = Device(0x01200094, 0x80180000);
         network.Version = u"W6.04.42"_s;
         network.HotRemote = u"tv"_s;
         network.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
@@ -139,6 +139,7 @@ private slots:
             QVERIFY(!waking.IsEnabled(text));
         const QByteArray wakingSent = Encode(PackSetModusEx(waking, 3));
         QCOMPARE(Hex(wakingSent.sliced(218)), u"0a 0b 0c 9d 8e ff 02 1e 00 00 00 00 96 02"_s);
+        QCOMPARE(wakingSent.sliced(12, 3), QByteArray("tv") + '\0');
         QCOMPARE(wakingSent.sliced(112, 80), QByteArray("_") + '\0' + QByteArray(78, ' '));
     }
 
