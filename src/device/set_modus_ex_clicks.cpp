@@ -67,15 +67,14 @@ void ApplyReceiverRules(State& state, int receiver) {
         state.Select(receiver == 1 ? List::Receiver2 : List::Receiver1, 0);
 }
 
-void BusPortClicked(State& state, int before) {
+void BusPortClicked(State& state) {
     const int use = state.Code(List::IO);
     const bool isBus = use == BusPort::SerialBus;
     state.EnableMask(isBus);
     for (const Box box : {Box::Mode2, Box::Mode4, Box::Mode7, Box::SBUSSend})
         state.Enable(box, isBus);
     state.Enable(List::SBUS, isBus);
-    // A return takes another use to return from: the pre-fill, which selects the bus at first, is none.
-    if (isBus && before != NoCode && state.areBusDefaultsDue) {
+    if (isBus && state.areBusDefaultsDue) {
         state.areBusDefaultsDue = false;
         state.SetMask(0xFFFF);
         state.Select(List::SBUS, FastestBus);
@@ -123,11 +122,11 @@ void BoxClicked(State& state, Box box) {
         IrOutputClicked(state);
 }
 
-void ListClicked(State& state, List list, int before) {
+void ListClicked(State& state, List list) {
     switch (list) {
     case List::Receiver1: return ApplyReceiverRules(state, 1);
     case List::Receiver2: return ApplyReceiverRules(state, 2);
-    case List::IO: return BusPortClicked(state, before);
+    case List::IO: return BusPortClicked(state);
     case List::IRInput: return IrInputClicked(state);
     default: return;
     }

@@ -7,8 +7,7 @@
 namespace ModusEx {
 
 void BoxClicked(State& state, Box box);
-/// `before` is the code that was selected until now, or NoCode.
-void ListClicked(State& state, List list, int before);
+void ListClicked(State& state, List list);
 void TextChanged(State& state, Text text);
 
 /// The rule of `chkRCMM`. The pre-fill also runs it by itself, when the boxes that hang on it have their

@@ -11,7 +11,7 @@ namespace ModusEx {
 
 namespace {
 
-/// A network device that has no power-on command either.
+/// A network device on which waking is the only choice. A power-on command that it has goes back as it came.
 constexpr char16_t WakeOnly = u'W';
 
 constexpr quint32 OwnLinks = Capability::SerialPort | Capability::UsbWakeup | Capability::AuxSpeed;
@@ -101,12 +101,12 @@ private:
 
     /// As bus or state input.
     void SelectBusPort() {
-        const int input = bytes.Get(SharedSpeed);
         if (HasExt(ExtCapability::BusPortUses)) {
             state.Enable(List::IO, true);
-            // With no input the inversion means nothing, and the connector is that of the bus.
-            const bool isInput = bytes.Get(BusSpeedSet) == 0 && input > 0;
-            isBusFree = !isInput;
+            const bool isInput = bytes.Get(BusSpeedSet) == 0;
+            const int input = bytes.Get(SharedSpeed);
+            isBusFree = !isInput || input == 0;
+            // An inversion without an input selects the last of the plain inputs, and the bus counts as free.
             state.Select(List::IO, isInput ? input + 3 * bytes.Get(InvertedInput) : BusPort::SerialBus);
         } else if (Has(Capability::SendMask)) {
             state.Select(List::IO, BusPort::SerialBus);
@@ -143,16 +143,18 @@ private:
     }
 
     bool HasBusSend() const { return Has(Capability::SendMask) && HasExt(ExtCapability::BusSend); }
-    /// A device that the bus alone links to the host would lose its link by another speed.
+    /// A device that the bus alone links to the host would lose its link by another speed: none is offered.
     bool HasBusSpeed() const { return Has(Capability::SerialBusSpeed) && Has(OwnLinks); }
 
     void FillPower() {
         const bool isWakeOnly = IsKind(entry, {WakeOnly});
-        if ((!Has(Capability::NoPowerOn) || Has(Capability::PowerOn | Capability::PowerOnToo)) &&
-            !isWakeOnly) {
+        if (!Has(Capability::NoPowerOn) || Has(Capability::PowerOn | Capability::PowerOnToo)) {
             OfferText(Text::Hotremote, entry.HotRemote);
             OfferText(Text::Hotcommand, entry.HotCommand);
         }
+        if (isWakeOnly)
+            for (const Text text : {Text::Hotremote, Text::Hotcommand})
+                state.Enable(text, false);
         if (!Has(Capability::UsbWakeup))
             state.SetOn(Box::USBWakeup, false);
         else if (HasExt(ExtCapability::FreeUsbWakeup))
@@ -199,16 +201,18 @@ private:
             OfferAuxSpeed(AuxInShared);
     }
 
-    /// The click rule of the connector enables all of the bus, also what this device doesn't have of it.
+    /// The click rule of the connector enables all of the bus, also what this device doesn't have of it. What
+    /// has nothing to send is disabled again; a mask or a speed that is set goes out.
     void DisableMissingBus() {
         if (!Has(Capability::SendMask)) {
-            state.EnableMask(false);
+            if (state.Mask() == 0)
+                state.EnableMask(false);
             for (const Box box : {Box::Mode2, Box::Mode4, Box::Mode7})
                 state.Enable(box, false);
         }
         if (!HasBusSend())
             state.Enable(Box::SBUSSend, false);
-        if (!HasBusSpeed())
+        if (!HasBusSpeed() && state.Index(List::SBUS) <= 0)
             state.Enable(List::SBUS, false);
     }
 

@@ -44,7 +44,7 @@ constexpr BoxRow boxRows[] = {
     {Box::StateExternal, {IOFlags, Bit(7)}, IfEnabled},
     {Box::IROutRS232, {SerialFlags, Bit(6)}, Always},
     {Box::RC5free, {ExtFlags, Bit(0)}, IfEnabled},
-    {Box::UDP, {ExtFlags, Bit(1)}, IfEnabled},
+    {Box::UDP, {ExtFlags, Bit(1)}, Always},
     {Box::EmulateExternal, {ExtFlags, Bit(3)}, IfEnabled},
     {Box::XLong, {ExtFlags, Bit(5)}, IfEnabled},
 };

@@ -5,7 +5,8 @@
 
 /// The extended settings: from the entry of a device to the state of the dialog, and from there to the record
 /// that sets the device. Without a change in between, the device gets back what it has reported, but for what
-/// the dialog doesn't offer on it and what contradicts itself.
+/// the dialog doesn't offer on it, what contradicts itself, and the defaults of a bus connector that could be
+/// a relay and has no other use.
 ///
 /// A value for which a list has no entry leaves nothing selected.
 namespace ModusEx {

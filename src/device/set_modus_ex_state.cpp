@@ -34,9 +34,8 @@ void State::SetOn(Box box, bool isOn) {
 void State::Select(List list, int index) {
     ListState& state = lists[size_t(list)];
     const int known = index >= 0 && index < int(state.codes.size()) ? index : -1;
-    const int before = Code(list);
     if (std::exchange(state.index, known) != known)
-        ListClicked(*this, list, before);
+        ListClicked(*this, list);
 }
 
 void State::SelectCode(List list, int code) {

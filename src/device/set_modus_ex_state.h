@@ -133,8 +133,8 @@ public:
     quint32 extCapabilities = 0;
     bool hasPlainReceivers = true;  ///< built-in receivers don't need to be told from external ones
     bool hasExternalSecond = false; ///< the second receiver's title is "Extern."
-    /// The serial bus had no speed to show when the device was read. The first return to it takes the
-    /// defaults.
+    /// The serial bus had no speed to show when the device was read. The next change to it takes the
+    /// defaults, also if the pre-fill makes it.
     bool areBusDefaultsDue = false;
     /// @}
 

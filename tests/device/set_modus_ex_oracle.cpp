@@ -20,10 +20,12 @@ struct Facts {
         const bool hasBusSpeed = (e.Mode & 0x40) != 0;
         const bool output = (e.SerialFlags & 1) != 0;
         const bool input = (e.SerialFlags & 0x20) != 0;
+        isBusUsed = Ext(0x4000) && !hasBusSpeed && shared != 0;
         if (Ext(0x4000))
-            port = !hasBusSpeed && shared != 0 ? shared + ((e.ExtFlags & 4) != 0 ? 3 : 0) : 0;
+            port = !hasBusSpeed ? shared + ((e.ExtFlags & 4) != 0 ? 3 : 0) : 0;
         else if (Cap(2))
             port = 0;
+        areDefaultsTaken = Ext(0x02000000) && !output && port != 0 && (isBusUsed || !Cap(0x1000));
         if (Ext(0x02000000))
             port = output ? 9 : 0;
         else if (Ext(0x10000) && (input || output))
@@ -49,12 +51,15 @@ struct Facts {
         isAuxKnown = hasAux && auxLow + (e.SerialFlags >> 7) * 4 <= 5;
         hasSpeed = Cap(4) && !Cap(0x01000000);
         isSpeedKnown = hasSpeed && inPort + (e.ExtFlags >> 4 & 1) * 4 <= 5;
-        isBusSpeedSent = hasBusSpeed && Cap(0x1000) && Cap(0x0100000C) && port <= 0;
+        isBusSpeedSent = hasBusSpeed && Cap(0x1000) && (port == 0 || (port < 0 && Cap(0x0100000C)));
     }
 
     bool Cap(quint32 bits) const { return (e.Capabilities & bits) != 0; }
     bool Ext(quint32 bits) const { return (e.ExtCapabilities & bits) != 0; }
     bool HasStatePort() const { return port >= 1 && port <= 6; }
+    bool IsInversionOnly() const { return port == 3 && !isBusUsed; }
+    bool HasBus() const { return port == 0 || IsInversionOnly(); }
+    bool IsAuxInTiming() const { return isAuxKnown && isAuxSentShared; }
     bool HasStateIr() const { return ir >= 1 && ir <= 4; }
     bool AreBothExternal() const { return Ext(0x04000000) && r1 > 8 && r2 > 8; }
     bool Is(const char16_t* kinds) const { return QStringView(kinds).contains(kind); }
@@ -65,8 +70,10 @@ struct Facts {
     QChar kind;
     int r1;
     int r2;
-    int port = -1; ///< entry of the bus connector: 0 bus, 1 to 6 state, 7 and 8 RS232, 9 relay
-    int ir = 0;    ///< entry of the IR input: 1 to 4 state, 5 and 6 RS232
+    int port = -1;          ///< entry of the bus connector: 0 bus, 1 to 6 state, 7 and 8 RS232, 9 relay
+    int ir = 0;             ///< entry of the IR input: 1 to 4 state, 5 and 6 RS232
+    bool isBusUsed = false; ///< the bus connector has reported an input
+    bool areDefaultsTaken = false; ///< the bus is selected after another use, or after none
     bool isIrUsed = false;
     bool isOutSerial = false;
     bool hasAux = false;
@@ -99,6 +106,8 @@ std::vector<Exception>& Exceptions() {
          [](F f) { return !f.Cap(2); }},
         {"the bus has no speed to choose, or its connector is in other use", Mode, 0x40,
          [](F f) { return !f.isBusSpeedSent; }},
+        {"a relay's connector that is the bus again takes its defaults: 38400", Mode, 0x40,
+         [](F f) { return f.areDefaultsTaken; }, 0x40},
         {"an IR input in other use receives nothing", Mode, 0x02,
          [](F f) { return f.isIrUsed && !f.Ext(0x01000000); }},
         {"no LEDs to switch", ExtMode, 0x63, [](F f) { return !f.Cap(0x4000); }},
@@ -118,7 +127,11 @@ std::vector<Exception>& Exceptions() {
         {"a time-out has at least 1 ms", Timeout, 0xFF, [](F f) { return f.e.ReceiveTimeout == 0; }, 1},
         {"a time-out has at most 250 ms", Timeout, 0xFF, [](F f) { return f.e.ReceiveTimeout > 250; }, 250},
         {"neither bus speed, state input nor auxiliary speed", Timing, 0x18,
-         [](F f) { return !f.isBusSpeedSent && !f.HasStatePort() && !(f.isAuxKnown && f.isAuxSentShared); }},
+         [](F f) { return !f.isBusSpeedSent && !f.HasStatePort() && !f.IsAuxInTiming(); }},
+        {"an inversion without an input is the third input", Timing, 0x18,
+         [](F f) { return f.IsInversionOnly() && !f.IsAuxInTiming(); }, 0x18},
+        {"a relay's connector that is the bus again takes its defaults: 38400", Timing, 0x18,
+         [](F f) { return f.areDefaultsTaken && !f.IsAuxInTiming(); }, 0x18},
         {"the speed of the RS232 port is sent for another connector", Timing, 0x18,
          [](F f) { return f.isAuxKnown && f.isAuxMoved && f.isAuxSentShared; }, 0,
          [](F f) { return quint32(f.auxLow) << 3; }},
@@ -128,7 +141,7 @@ std::vector<Exception>& Exceptions() {
          [](F f) { return (f.e.ToggleConfig & 63) == 0; }},
         {"no control has the bit", Toggle, 0x40, [](F) { return true; }},
         {"doesn't send on the bus, or the connector is in other use", IO, 0x01,
-         [](F f) { return !f.Cap(2) || !f.Ext(0x800) || f.port != 0; }},
+         [](F f) { return !f.Cap(2) || !f.Ext(0x800) || !f.HasBus(); }},
         {"waking by USB is no choice", IO, 0x02, [](F f) { return !f.Cap(8) || !f.Ext(0x2000); }},
         {"no control has the bit", IO, 0x04, [](F) { return true; }},
         {"the IR input is no state input, or one that the list lacks", IO, 0x38,
@@ -148,7 +161,7 @@ std::vector<Exception>& Exceptions() {
         {"no free RC5 timings", Ext, 0x01, [](F f) { return !f.Ext(0x08000000); }},
         {"no UDP, or no RS232 port", Ext, 0x02,
          [](F f) { return !f.Ext(0x80000000) || (!f.hasAux && !f.hasSpeed); }},
-        {"an inversion without a state input", Ext, 0x04, [](F f) { return f.port < 4 || f.port > 6; }},
+        {"no inverted state input", Ext, 0x04, [](F f) { return f.port < 4 || f.port > 6; }},
         {"emulates no outputs", Ext, 0x08, [](F f) { return !f.Ext(0x200000); }},
         {"no RS232 port speed, or none that the list has", Ext, 0x10, [](F f) { return !f.isSpeedKnown; }},
         {"the firmware doesn't learn long presses", Ext, 0x20,
@@ -156,7 +169,9 @@ std::vector<Exception>& Exceptions() {
         {"no control has the bits", Ext, 0xC0, [](F) { return true; }},
         {"a mask has 16 bits", Mask, 0xFFFF0000, [](F) { return true; }},
         {"no mask, or the connector is in other use", Mask, 0x0000FFFF,
-         [](F f) { return !f.IsDisplay() && (!f.Cap(2) || f.port != 0); }},
+         [](F f) { return !f.IsDisplay() && (!f.Cap(2) || !f.HasBus()); }},
+        {"a relay's connector that is the bus again takes its defaults: all of the mask", Mask, 0x0000FFFF,
+         [](F f) { return !f.IsDisplay() && f.areDefaultsTaken; }, 0xFFFF},
         {"no display control has the bits", Mask, 0x0000F800, [](F f) { return f.IsDisplay(); }},
         {"this display can't be off", Mask, 0x00000600, [](F f) { return f.Is(u"D"); }},
         {"off has no brightness", Mask, 0x00000060, [](F f) { return f.Is(u"F") && (f.e.SendMask & 0x200); }},
@@ -226,7 +241,7 @@ ModeRequest Oracle::Expected(const DeviceEntry& entry, qint16 target) {
         request.ExtParam[i] = quint8(values[Receivers + i]);
     request.DeviceTag = target;
 
-    if ((!facts.Cap(0x80) || facts.Cap(0x400010)) && !facts.Is(u"W")) {
+    if (!facts.Cap(0x80) || facts.Cap(0x400010)) {
         request.HotRemote = entry.HotRemote;
         request.HotCommand = entry.HotCommand;
     }

@@ -125,7 +125,7 @@ private slots:
         QCOMPARE(SettingsOf(PackSetModusEx(FillSetModusEx(display), 3)),
                  u"00 1a 03 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
 
-        DeviceEntry network = Device(0x01200084, 0x80180000);
+        DeviceEntry network = Device(0x01200094, 0x80180000);
         network.Version = u"W6.04.42"_s;
         network.HotRemote = u"tv"_s;
         network.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
@@ -139,6 +139,7 @@ private slots:
             QVERIFY(!waking.IsEnabled(text));
         const QByteArray wakingSent = Encode(PackSetModusEx(waking, 3));
         QCOMPARE(Hex(wakingSent.sliced(218)), u"0a 0b 0c 9d 8e ff 02 1e 00 00 00 00 96 02"_s);
+        QCOMPARE(wakingSent.sliced(12, 3), QByteArray("tv") + '\0');
         QCOMPARE(wakingSent.sliced(112, 80), QByteArray("_") + '\0' + QByteArray(78, ' '));
     }
 
@@ -182,7 +183,6 @@ private slots:
         QTest::newRow("bus, 38400") << 0x40 << 0x18 << 0 << 0 << 4;
         QTest::newRow("input with pullup") << 0 << 0x10 << 0 << 2 << 0;
         QTest::newRow("inverted with pullup") << 0 << 0x10 << 4 << 5 << 0;
-        QTest::newRow("an inversion of nothing") << 0 << 0 << 4 << 0 << 0;
     }
 
     void BusPort() {
@@ -222,6 +222,28 @@ private slots:
         QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"00 00 00 00 00 00 00 02 1e 18 00 00 00 00 04"_s);
         state.Select(List::IO, 0);
         QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"40 01 00 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
+    }
+
+    /// What the fill selects runs the rule of the connector as a hand does: unchanged, this goes out.
+    void ClicksOfTheFill() {
+        const std::tuple<quint32, quint32, int, int, int, QString> rows[] = {
+            // An inversion without an input.
+            {0x2, 0x4000, 0, 0, 4, u"00 05 00 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
+            // A speed that can't be chosen.
+            {0x1002, 0, 0x40, 0x08, 0, u"40 05 00 00 00 00 00 02 1e 08 00 00 00 00 00"_s},
+            // A relay that is off: on a device without a bus, with one, and beside an input.
+            {0, 0x02000000, 0, 0, 0, u"40 ff ff 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
+            {0x2, 0x02000000, 0, 0, 0, u"00 05 00 00 00 00 00 02 1e 00 00 00 00 00 00"_s},
+            {0x1002, 0x02004000, 0, 0x10, 0, u"40 ff ff 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
+        };
+        for (const auto& [capabilities, extCapabilities, mode, timing, extFlags, sent] : rows) {
+            DeviceEntry entry = Device(capabilities, extCapabilities);
+            entry.Mode = quint8(mode);
+            entry.ReceiveTiming = quint8(timing);
+            entry.ExtFlags = quint8(extFlags);
+            entry.SendMask = 0x0005;
+            QCOMPARE(SettingsOf(PackSetModusEx(FillSetModusEx(entry), 0)), sent);
+        }
     }
 
     void ARelayInPlaceOfTheBus() {
