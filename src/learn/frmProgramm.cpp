@@ -105,6 +105,8 @@ void frmProgramm::changeEvent(QEvent* event) {
 
 void frmProgramm::RunEnableLearn() {
     const bool commandIsNext = EnableLearn(state, SelectedBus);
+    if (commandIsNext && !txtCommand->text().isEmpty())
+        state.defaultButton = LearnDefault::Learn;
     Refresh();
     if (commandIsNext && !services.session.ErrorBoxOpen)
         txtCommand->setFocus();

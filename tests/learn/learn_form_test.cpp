@@ -155,6 +155,12 @@ private slots:
         rig.Type("tv");
         rig.Press(Qt::Key_Return);
         rig.Play(State(0, 0, "tv", 0, 0));
+        rig.Type("1");
+        for (const int mode : {0, 2}) {
+            rig.Combo("cmbMode")->setCurrentIndex(mode);
+            QCOMPARE(rig.Button("cmdLearn")->isDefault(), mode != 0);
+        }
+        rig.Edit("txtCommand")->clear();
         rig.Combo("cmbMode")->setCurrentIndex(0);
         QVERIFY(!rig.Edit("txtCommand")->isEnabled());
         QVERIFY(rig.Button("cmdTiming")->isDefault());
