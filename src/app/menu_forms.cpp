@@ -13,6 +13,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     , status(services.session) {
     connect(&services.session, &Session::ErrorReported, this, &MenuForms::UnloadWait);
     connect(&services.session, &Session::LinkFailed, this, &MenuForms::UnloadWait);
+    connect(&services.session, &Session::LinkUp, this, &MenuForms::UnloadWait);
     connect(&status, &StatusStore::HtmlWanted, this,
             [this] { html.Load(this->services, this->status, this->mainWindow).ShowModal(); });
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {

@@ -37,6 +37,13 @@ void Boxes::Show(const Box& box, Answer answer) {
         OpenNext();
 }
 
+void Boxes::Raise(QWidget* window) {
+    if (current.isNull())
+        return;
+    current->setParent(window, current->windowFlags());
+    current->show();
+}
+
 void Boxes::OpenNext() {
     if (queue.empty() && dropped > 0) {
         const QString text = language.GetLanguageText(u"frmRemote.MoreMessages"_s,

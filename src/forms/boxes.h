@@ -42,6 +42,10 @@ public:
 
     void Show(const Box& box, Answer answer = {});
 
+    /// Puts the box that is on the screen, if any, before a modal window that has come up since. Behind it
+    /// nobody could answer, and all later boxes would wait. The box goes when that window goes.
+    void Raise(QWidget* window);
+
     /// Takes the box from the screen and forgets those that wait. Their answers aren't called.
     void Clear();
 

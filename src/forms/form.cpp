@@ -14,6 +14,7 @@ Form::Form(const FormServices& services, const QString& name, const QString& cap
 void Form::ShowModal() {
     setWindowModality(Qt::ApplicationModal);
     show();
+    services.boxes.Raise(this);
 }
 
 void Form::ShowModeless() {

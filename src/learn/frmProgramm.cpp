@@ -38,6 +38,8 @@ void frmProgramm::Connect() {
         if (type == ReplyType::Remotes && (services.session.ListOwner & ListTarget::Learn) != 0)
             FillRemoteCombo();
     });
+    connect(session, &Session::ServerVersionReceived, this,
+            [this](const QString& version) { SelectedBus.version = version.trimmed(); });
     connect(session, &Session::LearnStateReceived, this, &frmProgramm::TakeLearnState);
     connect(session, &Session::LearnWaitEnded, this, &frmProgramm::EndWait);
     connect(session, &Session::LinkFailed, this, &frmProgramm::EndWait);
@@ -103,6 +105,8 @@ void frmProgramm::changeEvent(QEvent* event) {
 
 void frmProgramm::RunEnableLearn() {
     const bool commandIsNext = EnableLearn(state, SelectedBus);
+    if (commandIsNext && !txtCommand->text().isEmpty())
+        state.defaultButton = LearnDefault::Learn;
     Refresh();
     if (commandIsNext && !services.session.ErrorBoxOpen)
         txtCommand->setFocus();
@@ -119,7 +123,7 @@ void frmProgramm::UpdateCommandButtons() {
 }
 
 void frmProgramm::FillBusCombo() {
-    const std::vector<BusElement>& buses = services.session.BusList;
+    buses = services.session.BusList;
     cmbBus->clear();
     for (size_t i = 0; i < buses.size() && i < MostBuses; ++i)
         cmbBus->addItem(buses[i].name + u' ' + buses[i].version.trimmed());
@@ -141,7 +145,7 @@ void frmProgramm::ChooseBusEntry(int index) {
     if (index < 0)
         return;
     Collect();
-    SelectedBus = services.session.BusList[size_t(index)];
+    SelectedBus = buses[size_t(index)];
     SelectedBus.version = SelectedBus.version.trimmed();
     ChooseBus(state, SelectedBus);
     RunEnableLearn();
@@ -194,10 +198,10 @@ void frmProgramm::TakeLearnState(const LearnStateReply& learnState) {
 
 void frmProgramm::OpenRemote() {
     Session& session = services.session;
-    state.defaultButton = LearnDefault::None;
-    cmdRemote->setDefault(false);
     if (!session.SendRemoteCommand(Netcommand::OpenRemote, txtRemote->currentText(), {}, 0))
         return;
+    state.defaultButton = LearnDefault::None;
+    cmdRemote->setDefault(false);
     session.PendingOp = Pending::OpenRemote;
     AskState();
 }
@@ -213,7 +217,10 @@ bool frmProgramm::TakeCarrier() {
          services.language.GetLanguageText(u"frmProgramm.CarrierRange"_s,
                                            u"Die Trägerfrequenz muss zwischen 0 und 255 kHz liegen."_s),
          {}},
-        [this](bool) { txtFrequenz->setFocus(); });
+        [box = QPointer(txtFrequenz)](bool) {
+            if (!box.isNull())
+                box->setFocus();
+        });
     return false;
 }
 

@@ -47,6 +47,7 @@ private:
     void UpdateCommandButtons();
     void AskState();
 
+    std::vector<BusElement> buses; ///< as cmbBus shows them; the session's list may be half of the next one
     BusElement SelectedBus;
     QTimer* Timer = nullptr;
     QTimer* Timer1 = nullptr;

@@ -17,7 +17,10 @@ StatusStore::StatusStore(Session& session, QObject* parent)
     : QObject(parent)
     , session(session) {
     connect(&session, &Session::StatusReceived, this, &StatusStore::ProcessDeviceStatus);
-    connect(&session, &Session::LinkUp, this, [this] { expectedBus = 0; });
+    connect(&session, &Session::LinkUp, this, [this] {
+        expectedBus = 0;
+        OpenHTML = OpenDatabase = OpenTranslator = false;
+    });
 }
 
 bool StatusStore::Request() {

@@ -24,6 +24,7 @@ public:
     explicit StatusStore(Session& session, QObject* parent = nullptr);
 
     /// @name What the arrival of the last page is to open; the device view if none is set
+    /// An error leaves them as they are, and the next status opens it. A new connection clears them.
     /// @{
     bool OpenHTML = false;
     bool OpenDatabase = false;

@@ -155,6 +155,12 @@ private slots:
         rig.Type("tv");
         rig.Press(Qt::Key_Return);
         rig.Play(State(0, 0, "tv", 0, 0));
+        rig.Type("1");
+        for (const int mode : {0, 2}) {
+            rig.Combo("cmbMode")->setCurrentIndex(mode);
+            QCOMPARE(rig.Button("cmdLearn")->isDefault(), mode != 0);
+        }
+        rig.Edit("txtCommand")->clear();
         rig.Combo("cmbMode")->setCurrentIndex(0);
         QVERIFY(!rig.Edit("txtCommand")->isEnabled());
         QVERIFY(rig.Button("cmdTiming")->isDefault());
@@ -238,6 +244,48 @@ private slots:
         QCOMPARE(rig.Sent(), u"16 / 0"_s);
         rig.Form()->close();
         rig.Play(State(0, 0, "tv", 0, 0));
+    }
+
+    void TheBusesShownAreThoseOfTheLastWholeList() {
+        LearnRig rig;
+        rig.Open();
+        rig.Play(Raw::Page(18, 0, 1, 2, 1, Bus("Attic", "V6.04.44", 0, 0, 0)));
+        rig.Combo("cmbBus")->setCurrentIndex(1);
+        QVERIFY(rig.Combo("cmbCalibrate")->isEnabled()); // as firmware 5.10.00 can
+        rig.Type("tv");
+        rig.Press(Qt::Key_Return);
+        // A version that the server tells stands for that of the device until the next choice.
+        rig.Play(Raw::Reply(13, Raw::Field({}, 8) + Raw::Field("V6.04.44", 8)) + State(0, 0, "tv", 1, 0));
+        QVERIFY(rig.Find<QCheckBox>("chkXL")->isEnabled());
+        rig.Combo("cmbBus")->setCurrentIndex(0);
+        rig.Combo("cmbBus")->setCurrentIndex(1);
+        QVERIFY(!rig.Find<QCheckBox>("chkXL")->isEnabled());
+    }
+
+    void ABoxStandsBeforeItsFormAndGoesWithIt() {
+        LearnRig rig;
+        rig.Open();
+        rig.Type("tv");
+        rig.Press(Qt::Key_Return);
+        rig.Play(State(1, 0, "tv", 0, 0));
+        rig.Type("on");
+        rig.Edit("txtFrequenz")->setText(u"256"_s);
+        rig.Button("cmdLearn")->click();
+        QVERIFY(rig.CurrentBox());
+        rig.Form()->Unload();
+        QTRY_VERIFY(!rig.Form());
+        QVERIFY(!rig.CurrentBox());
+
+        // The form's first request fails before the form is on the screen.
+        rig.server.Close();
+        QTRY_VERIFY(rig.CurrentBox());
+        rig.AnswerBox();
+        rig.Action("mnuModus(11)")->trigger();
+        QVERIFY(rig.CurrentBox());
+        QCOMPARE(QGuiApplication::modalWindow(), rig.CurrentBox()->windowHandle());
+        rig.AnswerBox();
+        QVERIFY(rig.Form()->isVisible());
+        QCOMPARE(QGuiApplication::modalWindow(), rig.Form()->windowHandle());
     }
 
     void TheListOfNamesKeepsWhatIsTyped() {

@@ -108,6 +108,22 @@ private slots:
         QCOMPARE(rig.CurrentBox()->text(), u"Error flashing HTML Pages\n<i>no room</i>"_s);
         QCOMPARE(rig.CurrentBox()->icon(), QMessageBox::Warning);
     }
+
+    void ANewConnectionOwesNothing() {
+        FailOnAnyWarning();
+        ProgramRig rig(u"[MAIN]\n[END]\n"_s);
+        rig.BringUp(false);
+        for (const char* entry : {"mnuModus(15)", "mnuModus(14)"})
+            rig.Action(entry)->trigger();
+        QVERIFY(rig.Find<QDialog>("frmTranslatorWait"));
+        rig.Link().Connect();
+        QTRY_VERIFY(rig.server.Log().contains(u"36 / 0"));
+        QTRY_VERIFY(!rig.Find<QDialog>("frmTranslatorWait"));
+        rig.Action("mnuModus(10)")->trigger();
+        rig.Play(Status("\xFF\xFF\xFF\x7F"));
+        QVERIFY(!rig.Find<QDialog>("frmHTML"));
+        QVERIFY(!rig.CurrentBox());
+    }
 };
 
 SUITE(PageFilesTest);
