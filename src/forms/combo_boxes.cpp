@@ -13,6 +13,16 @@ ComboBox::ComboBox(const QString& name, QWidget* parent)
     setFocusPolicy(Qt::StrongFocus);
     // Without a text to show in its place, the base class selects the first entry that is added.
     setPlaceholderText(QStringLiteral(" "));
+
+    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
+        hasTold = index >= 0;
+        if (hasTold)
+            emit Picked(itemText(index));
+    });
+    connect(this, &QComboBox::textActivated, this, [this](const QString& entry) {
+        if (!std::exchange(hasTold, false))
+            emit Picked(entry);
+    });
 }
 
 bool ComboBox::SelectByData(const QVariant& data) {
@@ -28,7 +38,18 @@ void ComboBox::RemoveEntry(int index) {
     removeItem(index);
 }
 
+void ComboBox::showPopup() {
+    hasTold = false;
+    QComboBox::showPopup();
+}
+
+void ComboBox::keyPressEvent(QKeyEvent* event) {
+    hasTold = false;
+    QComboBox::keyPressEvent(event);
+}
+
 void ComboBox::wheelEvent(QWheelEvent* event) {
+    hasTold = false;
     if (hasFocus())
         QComboBox::wheelEvent(event);
     else
@@ -46,15 +67,6 @@ EditableComboBox::EditableComboBox(const QString& name, QWidget* parent)
     connect(this, &QComboBox::editTextChanged, this, [this](const QString& text) {
         if (!isRefilling)
             emit TextChanged(text);
-    });
-    connect(this, &QComboBox::currentIndexChanged, this, [this](int index) {
-        hasTold = index >= 0;
-        if (hasTold)
-            emit Picked(itemText(index));
-    });
-    connect(this, &QComboBox::textActivated, this, [this](const QString& entry) {
-        if (!std::exchange(hasTold, false))
-            emit Picked(entry);
     });
 }
 
@@ -84,23 +96,12 @@ void EditableComboBox::SetEntries(const QStringList& entries) {
 }
 
 void EditableComboBox::showPopup() {
-    hasTold = false;
     ComboBox::showPopup();
     const QString text = currentText();
     if (text.isEmpty() || itemText(currentIndex()) == text)
         return;
     if (const int found = findText(text, Qt::MatchStartsWith); found >= 0)
         view()->setCurrentIndex(model()->index(found, modelColumn(), rootModelIndex()));
-}
-
-void EditableComboBox::keyPressEvent(QKeyEvent* event) {
-    hasTold = false;
-    ComboBox::keyPressEvent(event);
-}
-
-void EditableComboBox::wheelEvent(QWheelEvent* event) {
-    hasTold = false;
-    ComboBox::wheelEvent(event);
 }
 
 ComboBox* MakeComboBox(const QString& name, const QStringList& entries, QWidget* parent) {

@@ -17,8 +17,18 @@ public:
     /// Removes an entry. If it was the selected one, nothing is selected.
     void RemoveEntry(int index);
 
+    void showPopup() override;
+
+signals:
+    /// An entry was chosen, by hand or by code; by hand also if it was the last choice already.
+    void Picked(const QString& entry);
+
 protected:
+    void keyPressEvent(QKeyEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
+
+private:
+    bool hasTold = false; ///< the gesture that goes on has changed the choice, and Picked has been emitted
 };
 
 /// A drop-down list that also takes typed text, which is neither completed nor added to the list, nor taken
@@ -39,16 +49,9 @@ public:
 signals:
     /// Another text stands in the box: typed, chosen, or set by code.
     void TextChanged(const QString& text);
-    /// An entry was chosen, by hand or by code; by hand also if it was the last choice already.
-    void Picked(const QString& entry);
-
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
-    void wheelEvent(QWheelEvent* event) override;
 
 private:
     bool isRefilling = false;
-    bool hasTold = false; ///< the gesture that goes on has changed the choice, and Picked has been emitted
 };
 
 /// A list to choose from.

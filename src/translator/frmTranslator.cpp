@@ -165,11 +165,16 @@ void frmTranslator::TakeCommands(int list) {
 }
 
 void frmTranslator::Save() {
-    if (WithoutBlanks(txtName->currentText()).isEmpty()) {
+    const QString name = txtName->currentText();
+    if (WithoutBlanks(name).isEmpty()) {
         txtName->setFocus();
         return;
     }
-    transfer.Store(txtName->currentText(), chkNames->isChecked());
+    // The end of a store that ran while the name was changed has said nothing about the new one.
+    if (name != lastName)
+        services.session.SaveState = SaveStateKind::Named;
+    lastName = name;
+    transfer.Store(lastName, chkNames->isChecked());
     ShowProgress(0, tree.Count());
 }
 
@@ -185,7 +190,8 @@ void frmTranslator::Load() {
         txtName->setFocus();
         return;
     }
-    transfer.Load(txtName->currentText());
+    lastName = txtName->currentText();
+    transfer.Load(lastName);
     ShowProgress(0, 0);
 }
 
@@ -206,6 +212,9 @@ void frmTranslator::ShowEnd(TranslatorTransfer::Outcome outcome) {
     QString state;
     if (outcome == TranslatorTransfer::Outcome::Stored) {
         state = language.GetLanguageText(u"frmTranslator.Stored"_s, u"Der Satz ist gespeichert."_s);
+        const QString stored = WithoutBlanks(lastName).toString();
+        if (txtName->findText(stored, Qt::MatchExactly) < 0)
+            txtName->addItem(stored);
     } else if (outcome == TranslatorTransfer::Outcome::Loaded) {
         state = language.GetLanguageText(u"frmTranslator.Loaded"_s, u"Der Satz ist geladen."_s);
         tvwConfig->expandAll();

@@ -44,6 +44,7 @@ private:
 
     KeyedTree tree;
     TranslatorTransfer transfer;
+    QString lastName; ///< of the set that was last to be stored or loaded
     EditableComboBox* txtName;
     QLabel* Label2;
     ComboBox* cmbDevice; ///< item data: the device tag

@@ -40,7 +40,7 @@ TranslatorSourceControls::TranslatorSourceControls(const FormServices& services,
     connect(cmdAddRem, &QPushButton::clicked, this, &TranslatorSourceControls::AddTypedRemote);
     connect(txtAdd, &QLineEdit::returnPressed, cmdAddRem, &QPushButton::click);
     connect(txtAdd, &QLineEdit::textChanged, this, &TranslatorSourceControls::EnableAddRem);
-    connect(cmbRemotes, &QComboBox::currentIndexChanged, this, &TranslatorSourceControls::AskForCommands);
+    connect(cmbRemotes, &ComboBox::Picked, this, &TranslatorSourceControls::AskForCommands);
     connect(cmbCommands, &QComboBox::currentIndexChanged, this, &TranslatorSourceControls::EnableAdds);
     connect(view, &KeyedTreeView::Selected, this, &TranslatorSourceControls::FillCommandCombo);
     connect(view, &TranslatorTreeView::Deleted, this, &TranslatorSourceControls::TakeNewTree);
@@ -69,16 +69,16 @@ void TranslatorSourceControls::FillRemoteCombo() {
 }
 
 void TranslatorSourceControls::AskForCommands() {
-    if (cmbRemotes->currentIndex() < 0)
-        return;
     services.session.ListOwner = ListTarget::TranslatorRemotes;
     services.session.SendRemoteCommand(Netcommand::ListCommands, cmbRemotes->currentText(), {}, 0);
 }
 
 void TranslatorSourceControls::FillCommandCombo() {
     cmbCommands->clear();
-    cmbCommands->addItems(FreeCommands(tree, view->SelectedKey(), cmbRemotes->currentText(),
-                                       TrimmedNames(services.session.CommandList1)));
+    // The session's list is no remote's of this form until one is chosen here.
+    if (cmbRemotes->currentIndex() >= 0)
+        cmbCommands->addItems(FreeCommands(tree, view->SelectedKey(), cmbRemotes->currentText(),
+                                           TrimmedNames(services.session.CommandList1)));
     if (cmbCommands->count() > 0)
         cmbCommands->setCurrentIndex(0);
     EnableAdds();

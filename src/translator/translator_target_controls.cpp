@@ -27,7 +27,7 @@ TranslatorTargetControls::TranslatorTargetControls(const FormServices& services,
     rows->addWidget(lvwCommands, 1);
     rows->addWidget(cmdAddTarget);
 
-    connect(cmbTarget, &QComboBox::currentIndexChanged, this, &TranslatorTargetControls::AskForCommands);
+    connect(cmbTarget, &ComboBox::Picked, this, &TranslatorTargetControls::AskForCommands);
     connect(cmdAddTarget, &QPushButton::clicked, this, &TranslatorTargetControls::AddToSelected);
     connect(lvwCommands, &QListWidget::itemActivated, this, &TranslatorTargetControls::AddToSelected);
     connect(lvwCommands, &QListWidget::itemSelectionChanged, this, &TranslatorTargetControls::EnableAdd);
@@ -43,8 +43,6 @@ void TranslatorTargetControls::FillTargetCombo() {
 }
 
 void TranslatorTargetControls::AskForCommands() {
-    if (cmbTarget->currentIndex() < 0)
-        return;
     services.session.ListOwner = ListTarget::TranslatorTargets;
     services.session.SendRemoteCommand(Netcommand::ListCommands, cmbTarget->currentText(), {}, 0);
 }

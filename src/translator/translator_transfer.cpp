@@ -4,8 +4,6 @@
 
 #include <QPointer>
 
-#include <utility>
-
 TranslatorTransfer::TranslatorTransfer(Session& session, KeyedTree& tree, QObject* parent)
     : QObject(parent)
     , session(session)
@@ -84,7 +82,7 @@ bool TranslatorTransfer::SendRequest() {
     state = State::StoreAsked;
     if (!session.SendRemoteCommand(Netcommand::StoreTranslator, name, {}, qint32(session.SaveState)))
         return false;
-    sentState = std::exchange(session.SaveState, SaveStateKind::Unchanged);
+    session.SaveState = SaveStateKind::Unchanged;
     return true;
 }
 
@@ -127,7 +125,7 @@ void TranslatorTransfer::Load(const QString& setName) {
     state = State::Loading;
     pagesAwaited = earlier + 1;
     if (session.SendRemoteCommand(Netcommand::ReadTranslator, setName, {}, 0))
-        sentState = std::exchange(session.SaveState, SaveStateKind::Unchanged);
+        session.SaveState = SaveStateKind::Unchanged;
     else
         Fail(Outcome::LinkLost);
 }
@@ -176,17 +174,8 @@ void TranslatorTransfer::GiveUp() {
     // The acknowledgement of the element that is out must not take another reply's place.
     if (IsSending() && session.PendingOp == Pending::TranslatorElement)
         session.PendingOp = Pending::None;
-    if (state == State::StoreAsked || state == State::Loading)
-        AskAgain();
     Rest(State::Idle);
     pagesAwaited = 0;
-}
-
-/// A store that was given up unanswered, or a load that failed, doesn't make the name one that may be
-/// replaced unasked.
-void TranslatorTransfer::AskAgain() {
-    if (sentState != SaveStateKind::Unchanged && session.SaveState == SaveStateKind::Unchanged)
-        session.SaveState = SaveStateKind::Named;
 }
 
 void TranslatorTransfer::Fail(Outcome outcome) {
@@ -197,8 +186,9 @@ void TranslatorTransfer::Fail(Outcome outcome) {
 }
 
 void TranslatorTransfer::Refuse(const TranslatorRefusal& refusal) {
+    // The server has a set of that name, which the tree isn't: a store must ask before it replaces it.
     if (state == State::Loading)
-        AskAgain();
+        session.SaveState = SaveStateKind::Named;
     const QPointer<TranslatorTransfer> alive(this);
     Rest(pagesAwaited > 0 ? State::Loading : State::Idle);
     emit Refused(refusal);

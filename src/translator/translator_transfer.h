@@ -75,7 +75,6 @@ private:
     void TakeFlashEnd(bool stored);
     void TakePage(const ListPage<TranslatorRequest>& page);
     void Fill();
-    void AskAgain();
     void Rest(State next);
     void Fail(Outcome outcome);
     void Refuse(const TranslatorRefusal& refusal);
@@ -87,9 +86,8 @@ private:
     QString name;
     bool includeNames = false;
     qint16 deviceTag = 0;
-    SaveStateKind sentState = SaveStateKind::Unchanged; ///< before the request that is out
-    int current = 0;                                    ///< the element that is out
-    std::vector<TranslatorRequest> elements;            ///< that go out, or that have arrived
-    int pagesAwaited = 0;                               ///< first pages of loads that the server has not sent
-    bool isCollecting = false;                          ///< a first page has arrived, and more is to follow
+    int current = 0;                         ///< the element that is out
+    std::vector<TranslatorRequest> elements; ///< that go out, or that have arrived
+    int pagesAwaited = 0;                    ///< first pages of loads that the server has not sent
+    bool isCollecting = false;               ///< a first page has arrived, and more is to follow
 };

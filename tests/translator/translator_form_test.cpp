@@ -23,6 +23,7 @@ TranslatorDevices Devices(const QStringList& versions) {
 /// The editor without a server: lists come when the test says so.
 struct EditorRig {
     explicit EditorRig(const QStringList& versions = {u"E5.04.05"_s}) {
+        session.CommandList1 = {u"of another form"_s};
         form = new frmTranslator({session, language, boxes}, Devices(versions), {}, nullptr);
         session.NameList = {u" tv "_s, u"amp"_s};
         emit session.NamesReady(ReplyType::Remotes);
@@ -156,6 +157,8 @@ private slots:
     void AddsWhatIsFree() {
         EditorRig rig;
         QCOMPARE(rig.session.ListOwner, ListTarget::TranslatorLoad);
+        rig.view->Select(u"CON"_s);
+        QVERIFY(rig.Offered().isEmpty());
         rig.Offer({u"1 "_s, u"2"_s, u"3"_s, u"menu"_s});
         QCOMPARE(rig.session.ListOwner, ListTarget::TranslatorRemotes);
         auto* name = rig.Find<TextBox>("txtAdd");
@@ -193,6 +196,23 @@ private slots:
         QVERIFY(rig.tree->Find(group) == nullptr);
         name->setText(u"tv"_s);
         QVERIFY(rig.IsEnabled("cmdAddRem"));
+    }
+
+    /// A list that got lost can be asked for again.
+    void TheSameRemoteOnceMore() {
+        EditorRig rig;
+        for (const auto& [name, owner] : {std::pair("cmbRemotes", ListTarget::TranslatorRemotes),
+                                          {"cmbTarget", ListTarget::TranslatorTargets}}) {
+            auto* box = rig.Find<ComboBox>(name);
+            for (int round = 0; round < 2; ++round) {
+                rig.session.ListOwner = 0;
+                box->showPopup();
+                QTest::keyClick(box->view(), Qt::Key_Home);
+                QTest::keyClick(box->view(), Qt::Key_Return);
+                QCOMPARE(box->currentText(), u"tv"_s);
+                QCOMPARE(rig.session.ListOwner, owner);
+            }
+        }
     }
 
     void Drops() {

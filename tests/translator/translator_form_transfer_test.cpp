@@ -125,8 +125,16 @@ private slots:
         QVERIFY(QTest::qWaitFor([&] { return rig.Progress()->value() == 3; }));
         QVERIFY(rig.Progress()->isVisible());
         QCOMPARE(rig.Progress()->text(), u"Element 3 von %1"_s.arg(total));
+        rig.Sets()->setEditText(u"Demo"_s);
         QVERIFY(rig.Ends());
         QVERIFY(seen.contains(total));
+
+        // What was stored is in the list; the name typed meanwhile still isn't replaced unasked.
+        QVERIFY(rig.Sets()->findText(u"new"_s) >= 0);
+        QCOMPARE(rig.Sets()->currentText(), u"Demo"_s);
+        rig.Button("cmdSave")->click();
+        QVERIFY(rig.BoxComes());
+        QTest::mouseClick(rig.CurrentBox()->button(QMessageBox::Cancel), Qt::LeftButton);
     }
 
     void AsksAndTells() {
