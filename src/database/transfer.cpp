@@ -261,6 +261,11 @@ void DatabaseTransfer::GiveUp() {
 
 void DatabaseTransfer::End(Outcome outcome) {
     const bool wasLoading = state == State::Loading;
+    // What the tree holds isn't what the file holds, or nobody knows: a save asks before it replaces the
+    // file.
+    const bool isHalfDone = outcome == Outcome::LinkLost && (wasLoading || state == State::StoreOut);
+    if (isHalfDone && session.SaveState == SaveStateKind::Unchanged)
+        session.SaveState = SaveStateKind::Named;
     GiveUp();
     if (wasLoading && !unknown.isEmpty())
         emit NamesUnknown(unknown);
