@@ -312,6 +312,8 @@ private slots:
             QTRY_VERIFY(rig.session.IsUp() && rig.server.HasClient());
             rig.transfer->Load(u"one"_s);
         }
+        rig.transfer->Save(u"one"_s, {}); // before anything was loaded
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Named);
     }
 
     void ListsFillTheTree() {
