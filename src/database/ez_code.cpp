@@ -72,8 +72,7 @@ std::optional<EzFields> UnpackEZCode(QStringView text) {
         fields.value = number(3);
         return fields;
     }
-    if (form == WordToHexText(LongForm) && HasWords(text, LongWords) && word(2) >= 1 &&
-        word(2) <= EzTypes().size()) {
+    if (form == WordToHexText(LongForm) && HasWords(text, LongWords) && word(2) <= EzTypes().size()) {
         fields.isLong = true;
         fields.type = word(2) - 1;
         fields.houseCode1 = number(3);

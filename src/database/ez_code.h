@@ -38,7 +38,8 @@ const QStringList& EzTypes();
 /// The text of the message; nothing if the long form has no type. Numbers are limited to their word.
 std::optional<QString> PackEZCode(const EzFields& fields);
 
-/// The fields of a binary action text; nothing if it is no EZ message, or one of a type that isn't known.
+/// The fields of a binary action text; nothing if it is no EZ message, or one of a type that isn't known. A
+/// message of type 0 has none selected.
 std::optional<EzFields> UnpackEZCode(QStringView text);
 
 /// The checksum `sum` with one more word: a sum of ones' complements.

@@ -179,9 +179,11 @@ void frmDeviceDB::Show(const DatabaseSettings& values) {
 }
 
 DatabaseSettings frmDeviceDB::Limited() {
-    DatabaseSettings values = Collect();
+    const DatabaseSettings typed = Collect();
+    DatabaseSettings values = typed;
     values.Limit();
-    Show(values);
+    if (values != typed)
+        Show(values);
     return values;
 }
 

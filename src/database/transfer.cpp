@@ -80,6 +80,8 @@ DatabaseTransfer::Job DatabaseTransfer::MakeJob(State finalState, const Database
 }
 
 void DatabaseTransfer::Begin() {
+    if (state == State::Loading)
+        LeaveHalfDone();
     GiveUp();
     if (job.finalState == State::StoreOut)
         session.SaveOwner = SaveOwnerKind::Database;
@@ -251,6 +253,13 @@ void DatabaseTransfer::LoseLink() {
         End(Outcome::LinkLost);
 }
 
+/// What the tree holds isn't what the file holds, or nobody knows: a save asks before it replaces the file.
+void DatabaseTransfer::LeaveHalfDone() {
+    const bool isHalfDone = state == State::Loading || state == State::StoreOut;
+    if (isHalfDone && session.SaveState == SaveStateKind::Unchanged)
+        session.SaveState = SaveStateKind::Named;
+}
+
 /// Leaves nothing behind that would take the next reply for an acknowledgement.
 void DatabaseTransfer::GiveUp() {
     const bool awaitsElement = state == State::GlobalOut || state == State::ElementsOut;
@@ -261,6 +270,8 @@ void DatabaseTransfer::GiveUp() {
 
 void DatabaseTransfer::End(Outcome outcome) {
     const bool wasLoading = state == State::Loading;
+    if (outcome == Outcome::LinkLost)
+        LeaveHalfDone();
     GiveUp();
     if (wasLoading && !unknown.isEmpty())
         emit NamesUnknown(unknown);

@@ -83,6 +83,7 @@ private:
     void SendFinal();
     IRDBElementRecord NextElement();
     void Await(State next, int index, bool sent);
+    void LeaveHalfDone();
     void GiveUp();
 
     void TakeElementAnswer();

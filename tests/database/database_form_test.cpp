@@ -311,6 +311,7 @@ private slots:
         QCOMPARE(rig.Link().SaveState, SaveStateKind::Unchanged);
         IRDBGlobalRecord global;
         global.minimumRemote[0] = u"gone"_s;
+        global.errorFormat = u"ERROR %e, as it fills"_s.left(20);
         QByteArray pages = Raw::Page(15, 0, 1, 25, 1, Encode(global));
         for (int page = 0; page < 2; ++page) {
             QByteArray elements;
@@ -337,6 +338,7 @@ private slots:
         rig.AnswerBox();
         QVERIFY(!rig.CurrentBox());
         QCOMPARE(rig.Find<EditableComboBox>("txtName")->currentText(), u"one"_s);
+        QCOMPARE(rig.Edit("txtErr")->text(), global.errorFormat); // as wide as its field
     }
 };
 

@@ -174,6 +174,8 @@ private slots:
         QCOMPARE(HexTextToWord(u"FE 0A 77"), 0x0AFE);
         QCOMPARE(HexTextToWord(u"FE"), 0xFE);
         QVERIFY(!UnpackEZCode(u"00 00 01 AA 00 00 01 00 "));
+        const auto untyped = UnpackEZCode(u"FD AB 02 AB 00 00 01 00 02 00 03 00 FF 00 00 00 01 00");
+        QVERIFY(untyped && untyped->isLong && untyped->type == -1);
         QVERIFY(!UnpackEZCode(u"0A AC 02 AB 0D 00 01 00 02 00 03 00 FF 00 00 00 01 00"));
         QVERIFY(!UnpackEZCode({}));
         QCOMPARE(EzTypes().size(), 12);

@@ -299,6 +299,21 @@ private slots:
         QCOMPARE(rig.Steps(), u"<LinkLost; LinkLost; LinkLost>"_s);
         rig.transfer->Save(u"one"_s, {});
         QCOMPARE(rig.Steps(), u"46 global"_s);
+        // A file isn't replaced unasked while nobody knows what it holds.
+        for (int element = 0; element < 10; ++element)
+            rig.After(Raw::Ack());
+        for (const auto state : {DatabaseTransfer::State::StoreOut, DatabaseTransfer::State::Loading}) {
+            QCOMPARE(rig.transfer->Current(), state);
+            QCOMPARE(rig.session.SaveState, SaveStateKind::Unchanged);
+            rig.server.Close();
+            QTRY_VERIFY(!rig.session.IsUp());
+            QTRY_COMPARE(rig.session.SaveState, SaveStateKind::Named);
+            rig.session.Connect();
+            QTRY_VERIFY(rig.session.IsUp() && rig.server.HasClient());
+            rig.transfer->Load(u"one"_s);
+        }
+        rig.transfer->Save(u"one"_s, {}); // before anything was loaded
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Named);
     }
 
     void ListsFillTheTree() {
