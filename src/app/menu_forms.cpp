@@ -19,7 +19,8 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
-            database.Load(this->services, DatabaseDevice::Choices(status), this->mainWindow).ShowModal();
+            database.Load(this->services, ListDevices(status, StatusStore::HasDatabase), this->mainWindow)
+                .ShowModal();
         else
             TellNoDevice(u"No Vantrel Device with IR DB connected to your system."_s);
     });

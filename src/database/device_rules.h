@@ -1,23 +1,10 @@
 #pragma once
 
-#include "link/status_store.h"
+#include <QString>
 
 /// What the selected device lets the dialog do. `version` is the kind letter and the firmware text of a
 /// device entry; firmware is compared as text.
 namespace DatabaseDevice {
-
-/// An entry of cmbDevice.
-struct Choice {
-    QString text;
-    int deviceTag; ///< bus number * 256 + address
-    QString version;
-
-    bool operator==(const Choice&) const = default;
-};
-/// The devices of the present status that can hold a database, by page, bus and address.
-std::vector<Choice> Choices(const StatusStore& status);
-/// `busNumber` over all pages.
-QString ChoiceText(int busNumber, int address, const DeviceEntry& device);
 
 /// Which global controls are enabled. Until a device is selected, all are.
 struct Controls {

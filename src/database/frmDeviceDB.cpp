@@ -16,7 +16,7 @@ constexpr int NameShown = 18; ///< characters that a list of names shows at leas
 
 } // namespace
 
-frmDeviceDB::frmDeviceDB(const FormServices& services, const std::vector<DatabaseDevice::Choice>& devices,
+frmDeviceDB::frmDeviceDB(const FormServices& services, const std::vector<ListedDevice>& devices,
                          QWidget* parent)
     : Form(services, u"frmDeviceDB"_s, u"Device Datenbank"_s, parent)
     , devices(devices)
@@ -83,8 +83,8 @@ QLayout* frmDeviceDB::MakeFoot() {
 }
 
 void frmDeviceDB::FillDevices() {
-    for (const DatabaseDevice::Choice& device : devices)
-        cmbDevice->addItem(device.text, device.deviceTag);
+    for (const ListedDevice& device : devices)
+        cmbDevice->addItem(device.text, device.tag);
     if (!devices.empty())
         cmbDevice->setCurrentIndex(0);
 }

@@ -7,6 +7,7 @@
 #include "forms/combo_boxes.h"
 #include "forms/form.h"
 #include "forms/tab_frames.h"
+#include "link/device_list.h"
 
 #include <QProgressBar>
 #include <QPushButton>
@@ -21,8 +22,7 @@ class frmDeviceDB : public Form {
 
 public:
     /// `devices` are those that can hold a database; the first is chosen. Asks the server for its remotes.
-    frmDeviceDB(const FormServices& services, const std::vector<DatabaseDevice::Choice>& devices,
-                QWidget* parent);
+    frmDeviceDB(const FormServices& services, const std::vector<ListedDevice>& devices, QWidget* parent);
 
 private:
     // The constructor's parts.
@@ -45,7 +45,7 @@ private:
     void ShowProgress(const QString& work, int done, int total);
     void ShowListProgress(int done, int total);
 
-    std::vector<DatabaseDevice::Choice> devices;
+    std::vector<ListedDevice> devices;
     KeyedTree tree;
     std::unique_ptr<DatabaseLists> lists;       ///< null once the dialog has ended
     std::unique_ptr<DatabaseTransfer> transfer; ///< likewise

@@ -1,5 +1,6 @@
 #include "device/device_names.h"
 
+#include "base/firmware.h"
 #include "device/capabilities.h"
 
 #include <algorithm>
@@ -55,7 +56,7 @@ QString KindName(const DeviceEntry& device) {
 }
 
 bool IsFrom(const DeviceEntry& device, QStringView version) {
-    return QStringView(device.Version).mid(1).compare(version) >= 0;
+    return VersionText(device.Version) >= version;
 }
 
 QString FirmwareText(const DeviceEntry& device) {

@@ -15,7 +15,9 @@ constexpr int NameWidth = 18;
 constexpr int AddressStart = NameStart + NameWidth;
 constexpr int AddressWidth = 16;
 
-QString TextOf(const DeviceEntry& device, int bus, int address) {
+} // namespace
+
+QString TextOfDevice(const DeviceEntry& device, int bus, int address) {
     QString text = u"%1.%2 - "_s.arg(bus).arg(address);
     text += WithoutBlanks(device.Version);
     const QStringView network = device.HotRemote2;
@@ -28,8 +30,6 @@ QString TextOf(const DeviceEntry& device, int bus, int address) {
     return text;
 }
 
-} // namespace
-
 std::vector<ListedDevice> ListDevices(const StatusStore& status, quint32 capability) {
     std::vector<ListedDevice> devices;
     for (int page = 0; page < status.PageCount(); ++page)
@@ -39,8 +39,8 @@ std::vector<ListedDevice> ListDevices(const StatusStore& status, quint32 capabil
                     (status.Capabilities(page, t, address) & capability) == 0)
                     continue;
                 const int bus = page * StatusHead::Buses + t;
-                devices.push_back(
-                    {TextOf(status.Device(page, t, address), bus, address), bus * 256 + address});
+                const DeviceEntry device = status.Device(page, t, address);
+                devices.push_back({TextOfDevice(device, bus, address), bus * 256 + address, device.Version});
             }
     return devices;
 }

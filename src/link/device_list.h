@@ -4,9 +4,12 @@
 
 /// A device as the lists of the dialogs show it.
 struct ListedDevice {
-    QString text; ///< "bus.address - version", then what a network device tells of itself
-    int tag = 0;  ///< `DeviceTag`: bus number * 256 + address
+    QString text;    ///< "bus.address - version", then what a network device tells of itself
+    int tag = 0;     ///< `DeviceTag`: bus number * 256 + address
+    QString version; ///< kind letter and firmware
 };
+
+QString TextOfDevice(const DeviceEntry& device, int bus, int address);
 
 /// The devices of the present status that have one of the bits of `Capabilities`, by bus and address.
 std::vector<ListedDevice> ListDevices(const StatusStore& status, quint32 capability);

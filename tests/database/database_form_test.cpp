@@ -28,7 +28,7 @@ struct DatabaseRig : ProgramRig {
     /// By itself, with these devices.
     void Open(const QStringList& versions = {}) {
         BringUp(false);
-        std::vector<DatabaseDevice::Choice> devices;
+        std::vector<ListedDevice> devices;
         for (const QString& version : versions)
             devices.push_back({version, int(devices.size()), version});
         form = new frmDeviceDB({Link(), german, program->MessageBoxes()}, devices, &Window());

@@ -1,6 +1,7 @@
 #include "database/action_rules.h"
 #include "database/analog_rules.h"
 #include "database/database_tree.h"
+#include "link/device_list.h"
 
 #include "support/golden.h"
 #include "support/suite.h"
@@ -66,10 +67,9 @@ private slots:
         DeviceEntry device;
         device.Version = u"E6.04.44 "_s;
         device.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
-        QCOMPARE(DatabaseDevice::ChoiceText(12, 6, device), u"12.6 - E6.04.44"_s);
+        QCOMPARE(TextOfDevice(device, 12, 6), u"12.6 - E6.04.44"_s);
         device.HotRemote2 += u"x"_s + u"second name       "_s + u" first name     beyond"_s;
-        QCOMPARE(DatabaseDevice::ChoiceText(0, 15, device),
-                 u"0.15 - E6.04.44 - first name - second name       "_s);
+        QCOMPARE(TextOfDevice(device, 0, 15), u"0.15 - E6.04.44 - first name - second name       "_s);
     }
 
     /// Enabled thresholds (m)in (M)ax (h)ysteresis, names (r)/(R), LEDs (l)/(L), their la(b)el, (k)ind;
