@@ -190,6 +190,7 @@ void LearnFormView::Collect() {
 
 void LearnFormView::RefreshLists() {
     std::vector<LearnMode> shownModes;
+    shownModes.reserve(size_t(cmbMode->count()));
     for (int i = 0; i < cmbMode->count(); ++i)
         shownModes.push_back({cmbMode->itemText(i), Netcommand(cmbMode->itemData(i).toInt())});
     if (shownModes != state.modes) {
@@ -199,6 +200,7 @@ void LearnFormView::RefreshLists() {
     }
 
     std::vector<Receiver> shownReceivers;
+    shownReceivers.reserve(size_t(cmbRcv->count()));
     for (int i = 0; i < cmbRcv->count(); ++i)
         shownReceivers.push_back({cmbRcv->itemText(i), quint8(cmbRcv->itemData(i).toInt())});
     if (shownReceivers != state.receivers) {
