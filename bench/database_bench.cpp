@@ -1,4 +1,5 @@
-#include "ratio.h"
+#include "opening.h"
+#include "wait_for.h"
 
 #include "database/elements.h"
 #include "database/frmDeviceDB.h"
@@ -67,11 +68,6 @@ private:
     QTcpSocket* client = nullptr;
     QByteArray pending;
 };
-
-template <class Condition> void WaitFor(Condition condition) {
-    while (!condition())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 struct Link {
     Link() {
@@ -187,35 +183,15 @@ void FillDialog(benchmark::State& state) {
     state.counters["longest_us"] = longest * 1e6;
 }
 
-/// From the constructor to the form painted. It is gone again before the next turn.
-template <class Make> double TimeToOpen(Make&& make) {
-    Form* form = nullptr;
-    const double time = TimeOf([&] {
-        form = make();
-        form->ShowModal();
-        form->grab();
-    });
-    delete form;
-    QCoreApplication::processEvents();
-    return time;
-}
-
-/// The actions of a command, all eight in use, in English, against an empty form.
+/// The actions of a command, all eight in use.
 void OpenActions(benchmark::State& state) {
-    Session session;
-    Language english;
-    if (!english.OpenTranslationFile(QStringLiteral(DATA_FOLDER), u"English"_s))
-        qFatal("no language file");
-    Boxes boxes(english);
-    const FormServices services{session, english, boxes};
     ActionTag tag;
     for (ActionGroup& group : tag.groups)
         group = {{0x01020304, 80, false, true, false, false}, true, BinaryToHex(QByteArray(255, 'x'))};
     const QString text = tag.Format();
-    CompareInTurns(
-        state, [&] { return TimeToOpen([&] { return new frmIRDBAction(services, text, {}, nullptr); }); },
-        [&] { return TimeToOpen([&] { return new Form(services, u"frmEmpty"_s, u"Empty"_s, nullptr); }); });
-    state.counters["of_50_ms"] = state.counters["ours_us"] / 50'000;
+    CompareOpening(state, [&text](const FormServices& services) {
+        return new frmIRDBAction(services, text, {}, nullptr);
+    });
 }
 
 } // namespace

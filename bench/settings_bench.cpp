@@ -1,4 +1,4 @@
-#include "ratio.h"
+#include "opening.h"
 
 #include "device/frmSetModusEx.h"
 
@@ -22,33 +22,12 @@ DeviceEntry RichDevice() {
     return entry;
 }
 
-/// From the constructor to the form painted. It is gone again before the next turn.
-template <class Make> double TimeToOpen(Make&& make) {
-    Form* form = nullptr;
-    const double time = TimeOf([&] {
-        form = make();
-        form->ShowModal();
-        form->grab();
-    });
-    delete form;
-    QCoreApplication::processEvents();
-    return time;
-}
-
-/// The extended settings, in English, against an empty form.
+/// The extended settings.
 void OpenExtendedSettings(benchmark::State& state) {
-    Session session;
-    Language english;
-    if (!english.OpenTranslationFile(QStringLiteral(DATA_FOLDER), u"English"_s))
-        qFatal("no language file");
-    Boxes boxes(english);
-    const FormServices services{session, english, boxes};
     const DeviceEntry device = RichDevice();
-    CompareInTurns(
-        state,
-        [&] { return TimeToOpen([&] { return new frmSetModusEx(services, device, 0, {}, nullptr); }); },
-        [&] { return TimeToOpen([&] { return new Form(services, u"frmEmpty"_s, u"Empty"_s, nullptr); }); });
-    state.counters["of_50_ms"] = state.counters["ours_us"] / 50000;
+    CompareOpening(state, [&device](const FormServices& services) {
+        return new frmSetModusEx(services, device, 0, {}, nullptr);
+    });
 }
 
 } // namespace

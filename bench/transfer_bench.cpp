@@ -1,4 +1,5 @@
 #include "ratio.h"
+#include "wait_for.h"
 
 #include "database/tags.h"
 #include "database/transfer.h"
@@ -13,11 +14,6 @@
 using namespace Qt::StringLiterals;
 
 namespace {
-
-template <class Condition> void WaitFor(Condition condition) {
-    while (!condition())
-        QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
-}
 
 /// Answers every record with a bare header and knows no more of it than its length.
 class AckServer {
