@@ -1,0 +1,126 @@
+#include "link/replies.h"
+
+#include "support/suite.h"
+
+#include <QFile>
+#include <QMap>
+#include <QRegularExpression>
+
+using namespace Qt::StringLiterals;
+
+namespace {
+
+/// Writes the table of a record as docs/protocol.md has it, but for the meanings.
+class TableWriter {
+public:
+    template <Wire::Integer T> void Constant(const char* name, int offset, T value) {
+        Add(name, offset, u"%1 = %2"_s.arg(Integer<T>()).arg(qint64(value)));
+    }
+    template <Wire::Integer T> void Number(const char* name, int offset, const T&) {
+        Add(name, offset, Integer<T>());
+    }
+    template <Wire::Integer T, size_t N> void Numbers(const char* name, int offset, const std::array<T, N>&) {
+        Add(name, offset, u"%1 × %2"_s.arg(N).arg(Integer<T>()));
+    }
+    void Text(const char* name, int offset, int width, Wire::TextForm form, const QString&) {
+        Add(name, offset, TextOf(width, form));
+    }
+    template <size_t N>
+    void Texts(const char* name, int offset, int width, Wire::TextForm form, const std::array<QString, N>&) {
+        Add(name, offset, u"%1 × %2"_s.arg(N).arg(TextOf(width, form)));
+    }
+    void Raw(const char* name, int offset, int width, char fill, const QByteArray&) {
+        Add(name, offset, u"%1 bytes, %2"_s.arg(width).arg(fill == ' ' ? u"blanks"_s : u"NULs"_s));
+    }
+
+    QStringList rows;
+
+private:
+    template <class T> static QString Integer() {
+        return (std::is_same_v<T, std::make_unsigned_t<T>> ? u"u"_s : u"i"_s) +
+               QString::number(sizeof(T) * 8);
+    }
+    template <Wire::Integer T>
+    requires std::is_enum_v<T>
+    static QString Integer() { return Integer<std::underlying_type_t<T>>(); }
+    static QString TextOf(int width, Wire::TextForm form) {
+        static const QStringList forms = {u"trimmed"_s, u"with NUL"_s, u"blanks"_s, u"NULs"_s};
+        return u"text %1, %2"_s.arg(width).arg(forms[int(form)]);
+    }
+    void Add(const char* name, int offset, const QString& form) {
+        rows += u"| %1 | %2 | %3 |"_s.arg(offset).arg(QLatin1StringView(name), form);
+    }
+};
+
+using Tables = QMap<QString, QString>;
+
+template <class... Records> Tables TablesOf() {
+    Tables tables;
+    const auto add = [&tables]<class Record>(Record record) {
+        TableWriter writer;
+        Record::Layout(writer, record);
+        tables[u"%1: %2 bytes"_s.arg(QLatin1StringView(Record::Name)).arg(Record::Size)] =
+            writer.rows.join(u'\n');
+    };
+    (add(Records()), ...);
+    return tables;
+}
+
+QString ReadFile(const QString& path) {
+    QFile file(path);
+    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
+}
+
+} // namespace
+
+/// docs/protocol.md says of every record, netcommand and reply type what the code says.
+class ProtocolDocumentTest : public QObject {
+    Q_OBJECT
+
+private slots:
+    void EveryRecordStandsInTheDocument() {
+        static const QRegularExpression part(u"^### (\\w+: \\d+ bytes)$|^(\\| \\d+ \\|[^|]*\\|[^|]*\\|)"_s,
+                                             QRegularExpression::MultilineOption);
+        Tables found;
+        QString title;
+        for (const auto& match : part.globalMatch(document.section(u"## The records"_s, 1))) {
+            if (match.hasCaptured(1))
+                title = match.captured(1);
+            else
+                found[title] += (found.contains(title) ? u"\n"_s : QString()) + match.captured(2);
+        }
+        const auto expected =
+            TablesOf<CommandRequest, ModeRequest, LcdRequest, SerialRequest, CodeRequest, TranslatorRequest,
+                     IRDBGlobalRecord, IRDBElementRecord, ReplyHeader, ResultReply, LearnedDataReply,
+                     ReceivedReply, LearnStateReply, ServerInfoReply, IRDBStatusRecord, AnalogValues,
+                     AnalogTemperatures, StatusHead, DeviceEntry, PageHead, NameElement, CommandElement,
+                     BusElement>();
+        for (const QString& record : expected.keys())
+            QCOMPARE(record + u'\n' + found.value(record), record + u'\n' + expected[record]);
+        QCOMPARE(found.keys(), expected.keys());
+    }
+
+    void EveryNumberStandsInTheDocument() {
+        static const QRegularExpression enumerator(u"^    (\\w+) = (\\d+),"_s,
+                                                   QRegularExpression::MultilineOption);
+        const QString folder = QStringLiteral(SOURCE_FOLDER "/link/");
+        for (const auto& [file, name] : {std::pair(u"requests.h"_s, u"enum class Netcommand"_s),
+                                         std::pair(u"replies.h"_s, u"enum class ReplyType"_s)}) {
+            const QString values = ReadFile(folder + file).section(name, 1).section(u"};"_s, 0, 0);
+            int count = 0;
+            for (const auto& match : enumerator.globalMatch(values)) {
+                ++count;
+                const QString row = u"| %1 | %2 |"_s.arg(match.captured(2), match.captured(1));
+                QVERIFY2(document.contains(row), qPrintable(row));
+            }
+            QVERIFY(count > 10);
+        }
+    }
+
+private:
+    const QString document = ReadFile(QStringLiteral(SOURCE_FOLDER "/../docs/protocol.md"));
+};
+
+SUITE(ProtocolDocumentTest);
+
+#include "protocol_document_test.moc"
