@@ -10,6 +10,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
+const QString Source = QStringLiteral(SOURCE_FOLDER "/link/");
+
 /// Writes the table of a record as docs/protocol.md has it, but for the meanings.
 class TableWriter {
 public:
@@ -33,7 +35,7 @@ public:
         Add(name, offset, u"%1 bytes, %2"_s.arg(width).arg(fill == ' ' ? u"blanks"_s : u"NULs"_s));
     }
 
-    QStringList rows;
+    QString rows;
 
 private:
     template <class T> static QString Integer() {
@@ -47,7 +49,7 @@ private:
         return u"text %1, %2"_s.arg(width).arg(forms[int(form)]);
     }
     void Add(const char* name, int offset, const QString& form) {
-        rows += u"| %1 | %2 | %3 |"_s.arg(offset).arg(QLatin1StringView(name), form);
+        rows += u"| %1 | %2 | %3 |\n"_s.arg(offset).arg(QLatin1StringView(name), form);
     }
 };
 
@@ -58,8 +60,7 @@ template <class... Records> Tables TablesOf() {
     const auto add = [&tables]<class Record>(Record record) {
         TableWriter writer;
         Record::Layout(writer, record);
-        tables[u"%1: %2 bytes"_s.arg(QLatin1StringView(Record::Name)).arg(Record::Size)] =
-            writer.rows.join(u'\n');
+        tables[u"%1: %2 bytes"_s.arg(QLatin1StringView(Record::Name)).arg(Record::Size)] = writer.rows;
     };
     (add(Records()), ...);
     return tables;
@@ -78,15 +79,15 @@ class ProtocolDocumentTest : public QObject {
 
 private slots:
     void EveryRecordStandsInTheDocument() {
-        static const QRegularExpression part(u"^### (\\w+: \\d+ bytes)$|^(\\| \\d+ \\|[^|]*\\|[^|]*\\|)"_s,
-                                             QRegularExpression::MultilineOption);
+        static const QRegularExpression part(
+            u"(?m)^### (\\w+: \\d+ bytes)$|^(\\| \\d+ \\|[^|]*\\|[^|]*\\|)"_s);
         Tables found;
         QString title;
         for (const auto& match : part.globalMatch(document.section(u"## The records"_s, 1))) {
             if (match.hasCaptured(1))
                 title = match.captured(1);
             else
-                found[title] += (found.contains(title) ? u"\n"_s : QString()) + match.captured(2);
+                found[title] += match.captured(2) + u'\n';
         }
         const auto expected =
             TablesOf<CommandRequest, ModeRequest, LcdRequest, SerialRequest, CodeRequest, TranslatorRequest,
@@ -97,20 +98,15 @@ private slots:
         for (const QString& record : expected.keys())
             QCOMPARE(record + u'\n' + found.value(record), record + u'\n' + expected[record]);
         QCOMPARE(found.keys(), expected.keys());
+        QCOMPARE(source.count(u"const char* Name ="_s), expected.size());
     }
 
     void EveryNumberStandsInTheDocument() {
-        static const QRegularExpression enumerator(u"^    (\\w+) = (\\d+),"_s,
-                                                   QRegularExpression::MultilineOption);
-        const auto valuesOf = [](const QString& file, const QString& name) {
-            return ReadFile(QStringLiteral(SOURCE_FOLDER "/link/") + file)
-                .section(name, 1)
-                .section(u"};"_s, 0, 0);
-        };
+        static const QRegularExpression enumerator(u"(?m)^    (\\w+) = (\\d+),"_s);
+        const QString values = source.section(u"class Netcommand"_s, 1).section(u'}', 0, 0) +
+                               source.section(u"class ReplyType"_s, 1).section(u'}', 0, 0);
         int count = 0;
-        for (const auto& match :
-             enumerator.globalMatch(valuesOf(u"requests.h"_s, u"enum class Netcommand"_s) +
-                                    valuesOf(u"replies.h"_s, u"enum class ReplyType"_s))) {
+        for (const auto& match : enumerator.globalMatch(values)) {
             ++count;
             const QString row = u"| %1 | %2 |"_s.arg(match.captured(2), match.captured(1));
             QVERIFY2(document.contains(row), qPrintable(row));
@@ -119,7 +115,8 @@ private slots:
     }
 
 private:
-    const QString document = ReadFile(QStringLiteral(SOURCE_FOLDER "/../docs/protocol.md"));
+    const QString source = ReadFile(Source + u"requests.h"_s) + ReadFile(Source + u"replies.h"_s);
+    const QString document = ReadFile(Source + u"../../docs/protocol.md"_s);
 };
 
 SUITE(ProtocolDocumentTest);
