@@ -2,7 +2,9 @@
 
 #include "app/program.h"
 #include "forms/tab_frames.h"
+#include "practice/practice_server.h"
 #include "visit/form_catalog.h"
+#include "visit/furnish.h"
 
 #include <QApplication>
 #include <QDir>
@@ -47,17 +49,35 @@ bool SaveForm(Form& form, const QString& folder, const QString& suffix) {
     return isSaved;
 }
 
+/// `window` comes up and greets the server, which then tells its devices.
+bool Connect(Session& session, frmRemote& window, StatusStore& status, quint16 port) {
+    session.RemoteHost = u"127.0.0.1"_s;
+    session.RemotePort = port;
+    session.Connect();
+    if (!QTest::qWaitFor([&] { return !window.Panel().cmdRem.empty(); }))
+        return false;
+    status.Request();
+    return QTest::qWaitFor([&] { return status.DeviceCount() > 0; });
+}
+
 bool MakePictures(const QString& folder, const QString& word, const QString& suffix) {
+    const QString programFolder = QCoreApplication::applicationDirPath();
+    PracticeServer server;
+    server.GetOutcomes().learnTime = 60'000; // the picture is taken while a command is being learned
     Session session;
     Language language;
-    ChooseLanguage(language, QCoreApplication::applicationDirPath(), word, false);
+    ChooseLanguage(language, programFolder, word, false);
     Boxes boxes(language);
     const FormServices services{session, language, boxes};
-    frmRemote window(services, [] { return QString(); });
+    StatusStore status(session);
+    frmRemote window(services, [programFolder] { return programFolder + u"/Remote.lyt"_s; });
+    if (!server.Listen() || !Connect(session, window, status, server.Port()))
+        return false;
     bool isSaved = Save(window, folder + u"/frmRemote-"_s + suffix);
-    for (Form* form : MakeAllForms(services, nullptr)) {
+    for (const auto& make : FormMakers(services, status, nullptr)) {
+        const std::unique_ptr<Form> form(make());
+        Furnish(*form);
         isSaved = SaveForm(*form, folder, suffix) && isSaved;
-        delete form;
     }
     return isSaved;
 }
