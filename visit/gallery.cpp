@@ -5,27 +5,15 @@
 #include "practice/practice_server.h"
 #include "visit/form_catalog.h"
 #include "visit/furnish.h"
+#include "visit/palettes.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QPalette>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QPalette DarkPalette() {
-    QPalette colors(QColor(53, 53, 53), QColor(42, 42, 46));
-    colors.setColor(QPalette::Base, QColor(30, 30, 33));
-    colors.setColor(QPalette::Text, QColor(230, 230, 230));
-    colors.setColor(QPalette::WindowText, QColor(230, 230, 230));
-    colors.setColor(QPalette::ButtonText, QColor(230, 230, 230));
-    colors.setColor(QPalette::Highlight, QColor(70, 130, 210));
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        colors.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-    return colors;
-}
 
 bool Save(QWidget& window, const QString& path) {
     window.show();

@@ -48,6 +48,7 @@ frmHTML::frmHTML(const FormServices& services, const StatusStore& status, QWidge
     column->addLayout(selection);
     column->addLayout(device);
     column->addLayout(MakeButtonRow({cmdFlash, cmdDone}));
+    ChainTabs({lstFiles, cmdAll, cmdNone, cmdRevert, cmbDevice, cmdFlash});
     // Enter in the list must not write into a device.
     cmdFlash->setDefault(false);
     resize(fontMetrics().averageCharWidth() * 72, fontMetrics().lineSpacing() * 24);
