@@ -38,6 +38,9 @@ frmIP::frmIP(const FormServices& services, QWidget* parent)
 
     connect(cmdOK, &QPushButton::clicked, this, &frmIP::Connect);
     Localize();
+    // A window doesn't ask a wrapped text how high it is at the width that it gives it.
+    const int width = fontMetrics().averageCharWidth() * 56;
+    lblHelp->setMinimumSize(width, lblHelp->heightForWidth(width));
 }
 
 void frmIP::Connect() {

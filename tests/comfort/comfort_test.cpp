@@ -11,6 +11,7 @@
 #include <QComboBox>
 #include <QTabBar>
 
+#include <algorithm>
 #include <cmath>
 
 using namespace Qt::StringLiterals;
@@ -67,19 +68,17 @@ QSize NeededBy(const QWidget* control) {
 /// How much lighter the lightest pixel of a control is than its darkest, as the ratio that readability is
 /// told by.
 double ContrastOf(QWidget* control) {
-    const QImage image = control->grab().toImage();
-    double darkest = 1;
-    double lightest = 0;
-    for (int y = 0; y < image.height(); ++y)
-        for (int x = 0; x < image.width(); ++x) {
-            const QColor color = image.pixelColor(x, y);
-            const auto linear = [](double part) { return std::pow(part, 2.2); };
-            const double light = 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) +
-                                 0.0722 * linear(color.blueF());
-            darkest = std::min(darkest, light);
-            lightest = std::max(lightest, light);
-        }
-    return (lightest + 0.05) / (darkest + 0.05);
+    const QImage image = control->grab().toImage().convertToFormat(QImage::Format_Grayscale8);
+    uchar darkest = 255;
+    uchar lightest = 0;
+    for (int y = 0; y < image.height(); ++y) {
+        const auto [low, high] =
+            std::minmax_element(image.constScanLine(y), image.constScanLine(y) + image.width());
+        darkest = std::min(darkest, *low);
+        lightest = std::max(lightest, *high);
+    }
+    const auto light = [](uchar grey) { return std::pow(grey / 255.0, 2.2) + 0.05; };
+    return light(lightest) / light(darkest);
 }
 
 } // namespace
