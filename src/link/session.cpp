@@ -54,7 +54,11 @@ void Session::Pass() {
 bool Session::Send(QByteArrayView bytes) {
     switch (link.Send(bytes)) {
     case Connection::Sent::Yes: return true;
-    case Connection::Sent::NoLink: emit SendFailed(SendFault::NoLink); return false;
+    case Connection::Sent::NoLink:
+        // A loss that is about to be told isn't told twice.
+        if (!link.IsFailing())
+            emit SendFailed(SendFault::NoLink);
+        return false;
     case Connection::Sent::Stuck: emit SendFailed(SendFault::ServerStuck); return false;
     }
     return false;
