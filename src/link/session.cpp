@@ -25,11 +25,16 @@ Session::Session(QObject* parent)
 }
 
 void Session::Connect() {
+    Disconnect();
+    link.Open(RemoteHost, RemotePort);
+}
+
+void Session::Disconnect() {
     ++epoch;
     unread = {};
     reader.Reset();
     PendingOp = Pending::None;
-    link.Open(RemoteHost, RemotePort);
+    link.Close();
 }
 
 void Session::Pass() {

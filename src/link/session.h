@@ -59,6 +59,8 @@ public:
     /// Drops the connection that stands and connects to RemoteHost. LinkUp or LinkFailed follows. Framing and
     /// the meaning of the next reply start anew.
     void Connect();
+    /// Drops the connection without a word, and what has arrived with it.
+    void Disconnect();
     bool IsUp() const { return link.IsUp(); }
     /// @}
 
