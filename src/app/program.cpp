@@ -52,10 +52,14 @@ void Program::ShowLinkFault(LinkFault fault, const QString& description) {
     });
 }
 
-/// Everything that is still open goes with the main window.
+/// Everything that is still open goes with the main window, the connection last: a form may have to say
+/// goodbye.
 void Program::Unload() {
     boxes.Clear();
+    while (QWidget* menu = QApplication::activePopupWidget())
+        menu->hide();
     for (Form* form : mainWindow->findChildren<Form*>())
         form->Unload();
+    session.Disconnect();
     emit Ended();
 }

@@ -40,6 +40,8 @@ public:
     void Close();
 
     bool IsUp() const { return up; }
+    /// A failure waits to be told: there is no connection any more, and Failed follows.
+    bool IsFailing() const { return failed; }
 
     /// Hands `bytes` to the system in one piece.
     Sent Send(QByteArrayView bytes);

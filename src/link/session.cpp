@@ -25,11 +25,16 @@ Session::Session(QObject* parent)
 }
 
 void Session::Connect() {
+    Disconnect();
+    link.Open(RemoteHost, RemotePort);
+}
+
+void Session::Disconnect() {
     ++epoch;
     unread = {};
     reader.Reset();
     PendingOp = Pending::None;
-    link.Open(RemoteHost, RemotePort);
+    link.Close();
 }
 
 void Session::Pass() {
@@ -54,7 +59,11 @@ void Session::Pass() {
 bool Session::Send(QByteArrayView bytes) {
     switch (link.Send(bytes)) {
     case Connection::Sent::Yes: return true;
-    case Connection::Sent::NoLink: emit SendFailed(SendFault::NoLink); return false;
+    case Connection::Sent::NoLink:
+        // A loss that is about to be told isn't told twice.
+        if (!link.IsFailing())
+            emit SendFailed(SendFault::NoLink);
+        return false;
     case Connection::Sent::Stuck: emit SendFailed(SendFault::ServerStuck); return false;
     }
     return false;

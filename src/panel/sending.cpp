@@ -40,10 +40,10 @@ PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* p
     connect(&session, &Session::CommandChecked, this, &PanelSending::TakeCheck);
     // What the old connection left unanswered will not be answered by the new one.
     connect(&session, &Session::LinkUp, this, [this] {
-        EndHold();
+        Stop();
         checks.clear();
     });
-    connect(&session, &Session::LinkFailed, this, &PanelSending::EndHold);
+    connect(&session, &Session::LinkFailed, this, &PanelSending::Stop);
     Timer.start();
 }
 
@@ -83,6 +83,12 @@ void PanelSending::EndHold() {
     Timer.stop();
     HeldIndex = -1;
     RepeatIndex = -1;
+}
+
+void PanelSending::Stop() {
+    EndHold();
+    timIntercommand.stop();
+    MultiCommands.clear();
 }
 
 void PanelSending::BeginRepeat() {

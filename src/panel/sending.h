@@ -25,6 +25,9 @@ public:
     /// The button is let go, or its release was lost.
     void Release();
 
+    /// Ends the hold and the row of commands.
+    void Stop();
+
     /// Asks the server about every button of the page in turn. An earlier check is given up.
     void CheckPage();
 
