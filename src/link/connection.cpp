@@ -47,7 +47,7 @@ void Connection::Close() {
 
 Connection::Sent Connection::Send(QByteArrayView bytes) {
     if (!up)
-        return Sent::NoLink;
+        return failed ? Sent::Lost : Sent::NoLink;
     if (socket->bytesToWrite() + bytes.size() > SendBacklog)
         return Sent::Stuck;
     if (socket->write(bytes.data(), bytes.size()) != bytes.size())

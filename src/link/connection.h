@@ -25,6 +25,7 @@ public:
     enum class Sent {
         Yes,
         NoLink, ///< no connection stands
+        Lost,   ///< the connection has failed, which Failed is still to tell
         Stuck,  ///< the server has not taken the last SendBacklog bytes
     };
 

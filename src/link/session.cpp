@@ -54,6 +54,7 @@ void Session::Pass() {
 bool Session::Send(QByteArrayView bytes) {
     switch (link.Send(bytes)) {
     case Connection::Sent::Yes: return true;
+    case Connection::Sent::Lost: return false;
     case Connection::Sent::NoLink: emit SendFailed(SendFault::NoLink); return false;
     case Connection::Sent::Stuck: emit SendFailed(SendFault::ServerStuck); return false;
     }

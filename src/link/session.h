@@ -43,8 +43,8 @@ enum class SaveStateKind : qint32 {
 /// that say what a reply means, the finished lists, and the senders. Dialogs get it by reference; replies
 /// reach them by its signals.
 ///
-/// A sender returns at once: true if the record went out. If it didn't, SendFailed has been emitted. The
-/// answer arrives later as a signal, and nothing in it names its request.
+/// A sender returns at once: true if the record went out. If it didn't, SendFailed has been emitted, or
+/// LinkFailed is about to be. The answer arrives later as a signal, and nothing in it names its request.
 class Session : public QObject {
     Q_OBJECT
 
