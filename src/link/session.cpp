@@ -29,6 +29,7 @@ void Session::Connect() {
     unread = {};
     reader.Reset();
     PendingOp = Pending::None;
+    FlashIsDatabase = false;
     link.Open(RemoteHost, RemotePort);
 }
 
