@@ -40,10 +40,10 @@ PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* p
     connect(&session, &Session::CommandChecked, this, &PanelSending::TakeCheck);
     // What the old connection left unanswered will not be answered by the new one.
     connect(&session, &Session::LinkUp, this, [this] {
-        EndHold();
+        GiveUp();
         checks.clear();
     });
-    connect(&session, &Session::LinkFailed, this, &PanelSending::EndHold);
+    connect(&session, &Session::LinkFailed, this, &PanelSending::GiveUp);
     Timer.start();
 }
 
@@ -83,6 +83,13 @@ void PanelSending::EndHold() {
     Timer.stop();
     HeldIndex = -1;
     RepeatIndex = -1;
+}
+
+/// Neither a hold nor the rest of a row outlives its connection.
+void PanelSending::GiveUp() {
+    EndHold();
+    timIntercommand.stop();
+    MultiCommands.clear();
 }
 
 void PanelSending::BeginRepeat() {

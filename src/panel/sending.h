@@ -41,6 +41,7 @@ private:
     void AskAbout(int slot);
     void SendMulticommand();
     void EndHold();
+    void GiveUp();
 
     struct Check {
         int slot;
