@@ -46,12 +46,10 @@ void Connection::Close() {
 }
 
 Connection::Sent Connection::Send(QByteArrayView bytes) {
-    if (!up)
-        return Sent::NoLink;
-    if (socket->bytesToWrite() + bytes.size() > SendBacklog)
+    if (up && socket->bytesToWrite() + bytes.size() > SendBacklog)
         return Sent::Stuck;
-    if (socket->write(bytes.data(), bytes.size()) != bytes.size())
-        return Sent::NoLink;
+    if (!up || socket->write(bytes.data(), bytes.size()) != bytes.size())
+        return failed ? Sent::Lost : Sent::NoLink;
     // Without this the record would wait for the next turn of the event loop.
     socket->flush();
     return Sent::Yes;

@@ -25,6 +25,7 @@ public:
     enum class Sent {
         Yes,
         NoLink, ///< no connection stands
+        Lost,   ///< the connection has failed, which Failed is still to tell
         Stuck,  ///< the server has not taken the last SendBacklog bytes
     };
 
@@ -40,8 +41,6 @@ public:
     void Close();
 
     bool IsUp() const { return up; }
-    /// A failure waits to be told: there is no connection any more, and Failed follows.
-    bool IsFailing() const { return failed; }
 
     /// Hands `bytes` to the system in one piece.
     Sent Send(QByteArrayView bytes);

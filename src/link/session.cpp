@@ -34,6 +34,7 @@ void Session::Disconnect() {
     unread = {};
     reader.Reset();
     PendingOp = Pending::None;
+    FlashIsDatabase = false;
     link.Close();
 }
 
@@ -59,11 +60,8 @@ void Session::Pass() {
 bool Session::Send(QByteArrayView bytes) {
     switch (link.Send(bytes)) {
     case Connection::Sent::Yes: return true;
-    case Connection::Sent::NoLink:
-        // A loss that is about to be told isn't told twice.
-        if (!link.IsFailing())
-            emit SendFailed(SendFault::NoLink);
-        return false;
+    case Connection::Sent::Lost: return false;
+    case Connection::Sent::NoLink: emit SendFailed(SendFault::NoLink); return false;
     case Connection::Sent::Stuck: emit SendFailed(SendFault::ServerStuck); return false;
     }
     return false;

@@ -44,7 +44,7 @@ enum class SaveStateKind : qint32 {
 /// reach them by its signals.
 ///
 /// A sender returns at once: true if the record went out. If it didn't, SendFailed has been emitted, or
-/// LinkFailed follows. The answer arrives later as a signal, and nothing in it names its request.
+/// LinkFailed is about to be. The answer arrives later as a signal, and nothing in it names its request.
 class Session : public QObject {
     Q_OBJECT
 

@@ -25,7 +25,7 @@ public:
     /// The button is let go, or its release was lost.
     void Release();
 
-    /// Ends the hold and the row of commands.
+    /// Ends the hold and the row of commands. Neither outlives its connection.
     void Stop();
 
     /// Asks the server about every button of the page in turn. An earlier check is given up.
