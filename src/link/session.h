@@ -60,6 +60,9 @@ public:
     /// the meaning of the next reply start anew.
     void Connect();
     bool IsUp() const { return link.IsUp(); }
+    /// Whether to send what nobody pressed a button for: a connection stands, and the server takes what is
+    /// sent. If not, a box would tell of it again and again.
+    bool CanAsk() const { return link.IsUp() && !link.IsBehind(); }
     /// @}
 
     /// @name Values that go out with every CommandRequest

@@ -121,7 +121,7 @@ void PanelSending::CheckPage() {
 
 void PanelSending::AskAbout(int slot) {
     // Nobody pressed anything, so a missing link is no news; the check runs anew when the link is back.
-    if (!session.IsUp())
+    if (!session.CanAsk())
         return;
     if (checks.size() == MostChecks)
         checks.pop_front();
