@@ -139,8 +139,7 @@ void AnalogInputPage::FinishTexts() {
 void AnalogInputPage::FillRemotes(const QStringList& names) {
     for (Side* side : {&min, &max}) {
         const QString wanted = side->wanted;
-        side->remote->clear();
-        side->remote->addItems(names);
+        side->remote->SetEntries(names);
         SelectRemote(*side, wanted);
     }
 }

@@ -41,6 +41,8 @@ public:
     void Close();
 
     bool IsUp() const { return up; }
+    /// Half of what may wait waits already.
+    bool IsBehind() const { return up && socket->bytesToWrite() > SendBacklog / 2; }
 
     /// Hands `bytes` to the system in one piece.
     Sent Send(QByteArrayView bytes);

@@ -75,7 +75,10 @@ bool Session::SendHello(qint32 value) {
 
 bool Session::SendRemoteCommand(Netcommand netcommand, const QString& remote, const QString& command,
                                 qint32 param) {
-    return Send(Encode(CommandRequest{netcommand, timeout, param, remote, command, carrier}));
+    const bool sent = Send(Encode(CommandRequest{netcommand, timeout, param, remote, command, carrier}));
+    if (sent && param == 0)
+        reader.ExpectList(netcommand);
+    return sent;
 }
 
 bool Session::SendModeCommand(const ModeRequest& request) {

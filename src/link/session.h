@@ -62,6 +62,9 @@ public:
     /// Drops the connection without a word, and what has arrived with it.
     void Disconnect();
     bool IsUp() const { return link.IsUp(); }
+    /// Whether to send what nobody pressed a button for: a connection stands, and the server takes what is
+    /// sent. If not, a box would tell of it again and again.
+    bool CanAsk() const { return link.IsUp() && !link.IsBehind(); }
     /// @}
 
     /// @name Values that go out with every CommandRequest
