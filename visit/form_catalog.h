@@ -22,6 +22,7 @@
 #include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
+#include <functional>
 #include <vector>
 
 /// Two buses with devices of several kinds.
@@ -69,34 +70,44 @@ inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
-/// One of every form but the main window, for those who walk them all: the gallery, and the test of the
-/// languages.
-inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
-    const StatusStore status(services.session);
+/// Makes a form, which belongs to `parent`.
+using FormMaker = std::function<Form*(const FormServices& services, QWidget* parent)>;
+
+/// Makes the form whose constructor takes `arguments` between the services and the parent.
+template <class F, class... Arguments> FormMaker MakerOf(const Arguments&... arguments) {
+    return [arguments...](const FormServices& services, QWidget* parent) {
+        return new F(services, arguments..., parent);
+    };
+}
+
+/// One maker for every form but the main window, for those who walk them all.
+inline std::vector<FormMaker> FormMakers() {
+    const auto text = [](const char* characters) { return QString::fromLatin1(characters); };
+    const auto fromStatus = [](const FormServices& services, QWidget* parent) {
+        return new frmHTML(services, StatusStore(services.session), parent);
+    };
+    const TranslatorDevice translator = CatalogTranslatorDevice();
     return {
-        new frmAbout(services, QStringLiteral("Vantrel Client"), parent),
-        new frmAnalogIO(services, parent),
-        new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
-        new frmDeviceDB(services, {}, parent),
-        new frmDeviceMode(services, CatalogBuses(), parent),
-        new frmHTML(services, status, parent),
-        new frmIP(services, parent),
-        new frmIRDBAction(services, CatalogActionTag(), {}, parent),
-        new frmIRDBStatus(services, parent),
-        new frmLog(services, parent),
-        new frmProgramm(services, parent),
-        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
-        new frmSendFree(services, parent),
-        new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
-        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
-        new frmStartupText(services, parent),
-        new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
-                                  CatalogTranslatorDevice(), parent),
-        new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
-                                  CatalogTranslatorDevice(), parent),
-        new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
-                                  QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
-        new frmTranslator(services, {}, {}, parent),
-        new frmTranslatorWait(services, parent),
+        MakerOf<frmAbout>(text("Vantrel Client")),
+        MakerOf<frmAnalogIO>(),
+        MakerOf<frmCCF>(frmCCF::Face::Ccf, QString(), QString()),
+        MakerOf<frmDeviceDB>(std::vector<ListedDevice>()),
+        MakerOf<frmDeviceMode>(CatalogBuses()),
+        fromStatus,
+        MakerOf<frmIP>(),
+        MakerOf<frmIRDBAction>(CatalogActionTag(), DatabaseDevice::Controls()),
+        MakerOf<frmIRDBStatus>(),
+        MakerOf<frmLog>(),
+        MakerOf<frmProgramm>(),
+        MakerOf<frmRemProperties>(text("192168000090070001001say %c"), true),
+        MakerOf<frmSendFree>(),
+        MakerOf<frmSetModus>(CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, QString()),
+        MakerOf<frmSetModusEx>(CatalogExtendedDevice(), 0, QString()),
+        MakerOf<frmStartupText>(),
+        MakerOf<frmTransRcvProperties>(text("1\\2\\2\\65535\\0\\51\\750"), translator),
+        MakerOf<frmTransRemProperties>(text("REM\\1\\65535\\255\\10"), translator),
+        MakerOf<frmTransSndProperties>(text("1\\2\\6\\65535\\100"), text("MACCON\\1@2"), translator),
+        MakerOf<frmTranslator>(TranslatorDevices(), QString()),
+        MakerOf<frmTranslatorWait>(),
     };
 }
