@@ -59,7 +59,8 @@ public:
                                                              QStringLiteral("English"),
                                                              {},
                                                              server.Port()});
-        QObject::connect(&program->MessageBoxes(), &Boxes::Opened, program.get(), [](QMessageBox* box) {
+        QObject::connect(&program->MessageBoxes(), &Boxes::Opened, program.get(), [this](QMessageBox* box) {
+            ++boxes;
             QMetaObject::invokeMethod(box->button(QMessageBox::Ok), &QAbstractButton::click,
                                       Qt::QueuedConnection);
         });
@@ -72,12 +73,13 @@ public:
         });
     }
 
-    /// Replies of all types in turn.
+    /// Replies of all types in turn, batch after batch, each with another dialog open.
     void Reply(int count) {
         const std::vector<CatalogReply> replies = CatalogReplies();
         const QByteArray mark = EncodeReply(ReplyType::Log, "    read" + QByteArray(7, '\0'));
         for (int done = 0; done < count;) {
             const int batch = std::min(Batch, count - done);
+            OpenForm(makers[size_t(done / Batch) % makers.size()]);
             for (int i = 0; i < batch; ++i, ++done) {
                 server.Client()->write(replies[size_t(done) % replies.size()].Bytes());
                 if (server.Client()->bytesToWrite() > Connection::ReadBuffer)
@@ -92,12 +94,9 @@ public:
 
     /// Every dialog, so many times.
     void Open(int count) {
-        const std::vector<FormMaker> makers = FormMakers();
-        const Language language;
         for (int i = 0; i < count; ++i)
             for (const FormMaker& make : makers) {
-                make({program->Link(), language, program->MessageBoxes()}, &program->MainWindow())
-                    ->ShowModal();
+                OpenForm(make);
                 Settle();
                 CloseAll();
             }
@@ -108,8 +107,9 @@ public:
         for (int i = 0; i < count; ++i) {
             const QPointer<QTcpSocket> last = server.Client();
             if (i % 2 == 0) {
+                const int boxesBefore = boxes;
                 last->abort();
-                WaitFor([this] { return !program->Link().IsUp(); });
+                WaitFor([&] { return boxes > boxesBefore; });
             }
             program->Link().Connect();
             WaitFor([this, &last] {
@@ -124,6 +124,10 @@ private:
         WaitFor([this] { return program->Link().IsUp() && server.Client() != nullptr; });
     }
 
+    void OpenForm(const FormMaker& make) {
+        make({program->Link(), language, program->MessageBoxes()}, &program->MainWindow())->ShowModal();
+    }
+
     void CloseAll() {
         WaitFor([this] { return program->MessageBoxes().Current() == nullptr; });
         for (Form* form : program->MainWindow().findChildren<Form*>())
@@ -131,8 +135,11 @@ private:
         Settle();
     }
 
+    const std::vector<FormMaker> makers = FormMakers();
+    const Language language;
     SilentServer server;
     std::unique_ptr<Program> program;
+    int boxes = 0; ///< that opened
     bool isRead = false;
 };
 
@@ -168,8 +175,8 @@ int main(int argc, char** argv) {
     Soak soak;
     std::printf("%-15s %9s %9s %19s %19s %13s\n", "what", "count", "seconds", "heap MiB", "resident MiB",
                 "files");
-    const bool repliesHold = Row(soak, "replies", number(1, 1'000'000), &Soak::Reply);
     const bool openingsHold = Row(soak, "openings", number(2, 1000), &Soak::Open);
+    const bool repliesHold = Row(soak, "replies", number(1, 1'000'000), &Soak::Reply);
     const bool linksHold = Row(soak, "reconnections", number(3, 1000), &Soak::Reconnect);
     return repliesHold && openingsHold && linksHold ? 0 : 1;
 }

@@ -2,52 +2,20 @@
 // Each input has a program of its own, which is up and linked at first.
 
 #include "app/program.h"
+#include "fuzz/hand.h"
 #include "visit/form_catalog.h"
 #include "visit/reply_catalog.h"
 #include "visit/silent_server.h"
 
-#include <QAbstractItemView>
-#include <QApplication>
-#include <QContextMenuEvent>
 #include <QFile>
-#include <QKeyEvent>
-#include <QMenu>
 #include <QTemporaryDir>
 
-#include <algorithm>
+#include <random>
 
 namespace {
 
-constexpr int MostSteps = 40;
+constexpr int MostSteps = 24;
 constexpr quint16 NoPort = 1; ///< nobody listens there
-
-/// The input, byte by byte; zeros behind its end.
-class Steps {
-public:
-    explicit Steps(QByteArrayView bytes)
-        : bytes(bytes) {}
-
-    bool AtEnd() const { return bytes.isEmpty(); }
-
-    QByteArrayView Take(qsizetype count) {
-        const QByteArrayView taken = bytes.first(std::min(count, bytes.size()));
-        bytes = bytes.sliced(taken.size());
-        return taken;
-    }
-    quint8 Byte() {
-        const QByteArrayView one = Take(1);
-        return one.isEmpty() ? 0 : quint8(one[0]);
-    }
-    int Number() { return Byte() << 8 | Byte(); }
-
-    /// One of `choices`; nullptr if there is none.
-    template <class T> T* Pick(const QList<T*>& choices) {
-        return choices.isEmpty() ? nullptr : choices[Byte() % choices.size()];
-    }
-
-private:
-    QByteArrayView bytes;
-};
 
 void Check(bool holds, const char* rule) {
     if (!holds)
@@ -117,19 +85,21 @@ public:
 
 private:
     void Step() {
-        switch (steps.Byte() % 12) {
-        case 0: Trigger(); break;
-        case 1: OpenForm(); break;
-        case 2: FeedReply(); break;
-        case 3: Feed(steps.Take(steps.Byte()).toByteArray()); break;
-        case 4: ChangeLink(); break;
-        case 5: Fire(steps.Pick(window.findChildren<QTimer*>())); break;
-        case 6:
-            if (QWidget* top = Top())
-                top->close();
-            break;
-        default: Touch(); break;
-        }
+        const int what = steps.Byte() % 24;
+        if (what < 4 && QApplication::activeModalWidget() == nullptr)
+            what < 2 ? Trigger() : OpenForm();
+        else if (what < 12)
+            Hand(steps).Work(*Top());
+        else if (what < 18)
+            FeedReply();
+        else if (what < 20)
+            Fire(steps.Pick(window.findChildren<QTimer*>()));
+        else if (what < 21)
+            Feed(steps.Take(steps.Byte() % 32).toByteArray());
+        else if (what < 22)
+            ChangeLink();
+        else if (QWidget* top = Top(); top != &window || steps.Byte() == 0)
+            top->close();
     }
 
     /// A window that takes the user's input.
@@ -146,8 +116,6 @@ private:
     }
 
     void Trigger() {
-        if (Top() != &window)
-            return;
         QAction* action = steps.Pick(window.findChildren<QAction*>());
         if (action->isEnabled() && action->isVisible())
             action->trigger();
@@ -156,8 +124,6 @@ private:
     void OpenForm() {
         static const std::vector<FormMaker> makers = FormMakers();
         const FormMaker& make = makers[steps.Byte() % makers.size()];
-        if (QApplication::activeModalWidget() != nullptr)
-            return;
         // The user can't load a form twice.
         Form* form = make({session, language, boxes}, &window);
         if (window.findChildren<Form*>(form->objectName()).size() > 1)
@@ -185,27 +151,19 @@ private:
     }
 
     void ChangeLink() {
-        const bool wasUp = session.IsUp();
-        switch (steps.Byte() % 4) {
-        case 0:
-            if (wasUp)
+        const int how = steps.Byte() % 4;
+        if (how < 2 && session.IsUp()) { // the server ends it
+            if (how == 0)
                 server.Client()->abort();
-            break;
-        case 1:
-            if (wasUp)
+            else
                 server.Client()->disconnectFromHost();
-            break;
-        case 2:
-            session.RemotePort = NoPort;
+            Await([&] { return !session.IsUp(); }, "the client notices the end of a connection");
+        } else {
+            session.RemotePort = how == 2 ? NoPort : server.Port();
             session.Connect();
-            return;
-        case 3:
-            session.RemotePort = server.Port();
-            session.Connect();
-            AwaitLink();
-            return;
+            if (how != 2)
+                AwaitLink();
         }
-        Await([&] { return !session.IsUp(); }, "the client notices the end of a connection");
     }
 
     void AwaitLink() {
@@ -219,70 +177,6 @@ private:
         QCoreApplication::sendEvent(timer, &event);
     }
 
-    static void Type(QWidget* widget, int key, const QString& text = {}) {
-        QKeyEvent press(QEvent::KeyPress, key, Qt::NoModifier, text);
-        QCoreApplication::sendEvent(widget, &press);
-    }
-
-    /// Works a control of a window that can be reached.
-    void Touch() {
-        QWidget* top = Top();
-        if (top == nullptr)
-            return;
-        if (auto* menu = qobject_cast<QMenu*>(top)) {
-            QAction* action = steps.Pick(menu->actions());
-            menu->close();
-            if (action != nullptr && action->isEnabled() && action->isVisible())
-                action->trigger();
-            return;
-        }
-        QWidgetList controls;
-        for (QWidget* child : top->findChildren<QWidget*>())
-            if (child->isVisible() && child->isEnabled() && child->window() == top &&
-                child->focusPolicy() != Qt::NoFocus)
-                controls += child;
-        QWidget* control = steps.Pick(controls);
-        if (auto* button = qobject_cast<QAbstractButton*>(control))
-            button->click();
-        else if (auto* combo = qobject_cast<QComboBox*>(control); combo != nullptr && combo->count() > 0)
-            Choose(*combo, steps.Byte());
-        else if (auto* tabs = qobject_cast<QTabBar*>(control); tabs != nullptr && tabs->count() > 0)
-            tabs->setCurrentIndex(steps.Byte() % tabs->count());
-        else if (auto* view = qobject_cast<QAbstractItemView*>(control))
-            WorkRow(*view);
-        else if (control != nullptr)
-            TypeInto(*control);
-    }
-
-    void Choose(QComboBox& combo, int choice) {
-        if (combo.isEditable() && choice % 4 == 0)
-            return TypeInto(combo);
-        const int index = choice % combo.count();
-        combo.setCurrentIndex(index);
-        emit combo.activated(index);
-    }
-
-    void WorkRow(QAbstractItemView& view) {
-        const int choice = steps.Byte() % 24;
-        if (choice < 8) {
-            Type(&view, Qt::Key_Home + choice);
-        } else if (choice < 16) {
-            Type(&view, Qt::Key_Escape + choice - 8);
-        } else {
-            QContextMenuEvent menu(QContextMenuEvent::Keyboard, {}, {});
-            QCoreApplication::sendEvent(&view, &menu);
-        }
-    }
-
-    void TypeInto(QWidget& widget) {
-        const int length = steps.Byte();
-        if (length >= 0x80)
-            Type(&widget, Qt::Key_Escape + (length & 0x1F));
-        else
-            for (const char c : steps.Take(length))
-                Type(&widget, 0, QString(QLatin1Char(c)));
-    }
-
     /// Nobody looks at the windows.
     static void StopPainting() {
         for (QWidget* widget : QApplication::topLevelWidgets())
@@ -293,17 +187,17 @@ private:
         if (hasEnded)
             return;
         int shown = 0;
-        bool isModalUp = false;
+        int modal = 0;
         for (const QWidget* widget : QApplication::topLevelWidgets()) {
             shown += widget->isVisible() && qobject_cast<const QMessageBox*>(widget) != nullptr;
-            isModalUp = isModalUp || (widget->isVisible() && widget->isModal());
+            modal += widget->isVisible() && widget->isModal();
         }
         Check(shown <= 1, "one box at a time");
         Check((shown == 1) == (boxes.Current() != nullptr), "the box is on the screen");
         Check(boxes.Waiting() <= Boxes::WaitingMax, "few boxes wait");
         Check(boxes.Waiting() == 0 || shown == 1, "no box waits for nothing");
         Check(shown == 0 || QApplication::activeModalWidget() == boxes.Current(), "the box can be answered");
-        Check(isModalUp == (QApplication::activeModalWidget() != nullptr), "what is modal is up");
+        Check((modal > 0) == (QApplication::activeModalWidget() != nullptr), "what is modal is up");
         Check(window.isVisible() && window.isEnabled(), "the window stands");
     }
 
@@ -335,12 +229,25 @@ extern "C" const char* __lsan_default_suppressions() {
 extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     qputenv("QT_QPA_PLATFORM", "offscreen");
     new QApplication(*argc, *argv); // the library leaves without an end of main
-    QApplication::setQuitOnLastWindowClosed(false);
-    qInstallMessageHandler([](QtMsgType type, const QMessageLogContext&, const QString& text) {
-        if (type == QtFatalMsg)
-            fprintf(stderr, "%s\n", qPrintable(text));
+    qInstallMessageHandler([](QtMsgType, const QMessageLogContext&, const QString& text) {
+        if (text.startsWith(QStringLiteral("This plugin does not support ")))
+            return; // it has no screen
+        fprintf(stderr, "%s\n", qPrintable(text));
+        abort();
     });
     return 0;
+}
+
+extern "C" size_t LLVMFuzzerMutate(unsigned char* data, size_t size, size_t mostSize);
+
+/// Often makes the program of steps longer: only a long one comes far.
+extern "C" size_t LLVMFuzzerCustomMutator(unsigned char* data, size_t size, size_t mostSize, unsigned seed) {
+    std::minstd_rand random(seed);
+    if (random() % 4 == 0 || size == mostSize)
+        return LLVMFuzzerMutate(data, size, mostSize);
+    for (auto more = random() % 64; more > 0 && size < mostSize; --more)
+        data[size++] = static_cast<unsigned char>(random() >> 8);
+    return size;
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
