@@ -4,7 +4,7 @@
 #include "app/program.h"
 #include "visit/form_catalog.h"
 #include "visit/reply_catalog.h"
-#include "visit/silent_server.h"
+#include "silent_server.h"
 #include "wait_for.h"
 
 #include <QAbstractButton>
@@ -53,24 +53,26 @@ void Settle() {
 /// The program and its server.
 class Soak {
 public:
-    Soak() {
-        program = std::make_unique<Program>(Program::Options{{SilentServer::Host(), false},
-                                                             QCoreApplication::applicationDirPath(),
-                                                             QStringLiteral("English"),
-                                                             {},
-                                                             server.Port()});
-        QObject::connect(&program->MessageBoxes(), &Boxes::Opened, program.get(), [this](QMessageBox* box) {
+    Soak()
+        : program({{SilentServer::Host(), false},
+                   QCoreApplication::applicationDirPath(),
+                   QStringLiteral("English"),
+                   {},
+                   server.Port()})
+        , services{program.Link(), language, program.MessageBoxes()}
+        , status(program.Link())
+        , makers(FormMakers(services, status, &program.MainWindow())) {
+        QObject::connect(&program.MessageBoxes(), &Boxes::Opened, &program, [this](QMessageBox* box) {
             ++boxes;
             QMetaObject::invokeMethod(box->button(QMessageBox::Ok), &QAbstractButton::click,
                                       Qt::QueuedConnection);
         });
-        QObject::connect(&program->Link(), &Session::LogReceived, program.get(),
+        QObject::connect(&program.Link(), &Session::LogReceived, &program,
                          [this](const QString& text) { isRead = isRead || text == u"read"; });
-        program->Start();
+        program.Start();
         AwaitLink();
-        WaitFor([this] {
-            return !program->MainWindow().findChild<QTimer*>(QStringLiteral("timStart"))->isActive();
-        });
+        const auto* timStart = program.MainWindow().findChild<QTimer*>(QStringLiteral("timStart"));
+        WaitFor([timStart] { return !timStart->isActive(); });
     }
 
     /// Replies of all types in turn, batch after batch, each with another dialog open.
@@ -79,7 +81,7 @@ public:
         const QByteArray mark = EncodeReply(ReplyType::Log, "    read" + QByteArray(7, '\0'));
         for (int done = 0; done < count;) {
             const int batch = std::min(Batch, count - done);
-            OpenForm(makers[size_t(done / Batch) % makers.size()]);
+            OpenForm(size_t(done / Batch));
             for (int i = 0; i < batch; ++i, ++done) {
                 server.Client()->write(replies[size_t(done) % replies.size()].Bytes());
                 if (server.Client()->bytesToWrite() > Connection::ReadBuffer)
@@ -95,8 +97,8 @@ public:
     /// Every dialog, so many times.
     void Open(int count) {
         for (int i = 0; i < count; ++i)
-            for (const FormMaker& make : makers) {
-                OpenForm(make);
+            for (size_t form = 0; form < makers.size(); ++form) {
+                OpenForm(form);
                 Settle();
                 CloseAll();
             }
@@ -111,9 +113,9 @@ public:
                 last->abort();
                 WaitFor([&] { return boxes > boxesBefore; });
             }
-            program->Link().Connect();
+            program.Link().Connect();
             WaitFor([this, &last] {
-                return program->Link().IsUp() && server.Client() != nullptr && server.Client() != last;
+                return program.Link().IsUp() && server.Client() != nullptr && server.Client() != last;
             });
             CloseAll();
         }
@@ -121,24 +123,24 @@ public:
 
 private:
     void AwaitLink() {
-        WaitFor([this] { return program->Link().IsUp() && server.Client() != nullptr; });
+        WaitFor([this] { return program.Link().IsUp() && server.Client() != nullptr; });
     }
 
-    void OpenForm(const FormMaker& make) {
-        make({program->Link(), language, program->MessageBoxes()}, &program->MainWindow())->ShowModal();
-    }
+    void OpenForm(size_t number) { makers[number % makers.size()]()->ShowModal(); }
 
     void CloseAll() {
-        WaitFor([this] { return program->MessageBoxes().Current() == nullptr; });
-        for (Form* form : program->MainWindow().findChildren<Form*>())
+        WaitFor([this] { return program.MessageBoxes().Current() == nullptr; });
+        for (Form* form : program.MainWindow().findChildren<Form*>())
             form->Unload();
         Settle();
     }
 
-    const std::vector<FormMaker> makers = FormMakers();
-    const Language language;
     SilentServer server;
-    std::unique_ptr<Program> program;
+    Language language;
+    Program program;
+    FormServices services;
+    StatusStore status;
+    std::vector<std::function<Form*()>> makers;
     int boxes = 0; ///< that opened
     bool isRead = false;
 };

@@ -3,9 +3,9 @@
 
 #include "app/program.h"
 #include "fuzz/hand.h"
+#include "practice/practice_server.h"
 #include "visit/form_catalog.h"
 #include "visit/reply_catalog.h"
-#include "visit/silent_server.h"
 
 #include <QFile>
 #include <QTemporaryDir>
@@ -17,13 +17,18 @@ namespace {
 constexpr int MostSteps = 24;
 constexpr quint16 NoPort = 1; ///< nobody listens there
 
+QString Host() {
+    return QStringLiteral("127.0.0.1");
+}
+
 void Check(bool holds, const char* rule) {
     if (!holds)
         qFatal("broken: %s", rule);
 }
 
 void Settle() {
-    QCoreApplication::processEvents();
+    for (int turn = 0; turn < 3; ++turn) // the server answers within these
+        QCoreApplication::processEvents();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
 }
 
@@ -49,10 +54,10 @@ QString LayoutFile() {
 /// One program and those who play with it.
 class Game {
 public:
-    Game(SilentServer& server, Steps steps)
+    Game(PracticeServer& server, Steps steps)
         : server(server)
         , steps(steps)
-        , program({{SilentServer::Host(), false},
+        , program({{Host(), false},
                    QCoreApplication::applicationDirPath(),
                    QStringLiteral("German"),
                    LayoutFile(),
@@ -63,6 +68,14 @@ public:
         , reader(session) {
         QObject::connect(&program, &Program::Ended, &program, [this] { hasEnded = true; });
         QObject::connect(&session, &Session::LinkUp, &program, [this] { reader.Reset(); });
+        static const World world = [] {
+            World made = World::LivingRoom();
+            made.AddLivingRoomSets();
+            return made;
+        }();
+        server.GetWorld() = world;
+        server.GetFaults() = {};
+        server.GetOutcomes().learnTime = 1;
         program.Start();
         StopPainting();
         AwaitLink();
@@ -72,8 +85,8 @@ public:
     void Play() {
         for (int step = 0; step < MostSteps && !steps.AtEnd() && !hasEnded; ++step) {
             Step();
-            if (session.RemoteHost != SilentServer::Host() && !hasEnded) { // somebody's address was typed
-                session.RemoteHost = SilentServer::Host();
+            if (session.RemoteHost != Host() && !hasEnded) { // somebody's address was typed
+                session.RemoteHost = Host();
                 session.Connect();
             }
             StopPainting();
@@ -88,7 +101,7 @@ private:
         const int what = steps.Byte() % 24;
         if (what < 4 && QApplication::activeModalWidget() == nullptr)
             what < 2 ? Trigger() : OpenForm();
-        else if (what < 12)
+        else if (what < 15)
             Hand(steps).Work(*Top());
         else if (what < 18)
             FeedReply();
@@ -122,10 +135,11 @@ private:
     }
 
     void OpenForm() {
-        static const std::vector<FormMaker> makers = FormMakers();
-        const FormMaker& make = makers[steps.Byte() % makers.size()];
+        const StatusStore status(session);
+        const FormServices services{session, language, boxes};
+        const auto makers = FormMakers(services, status, &window);
         // The user can't load a form twice.
-        Form* form = make({session, language, boxes}, &window);
+        Form* form = makers[steps.Byte() % makers.size()]();
         if (window.findChildren<Form*>(form->objectName()).size() > 1)
             form->Unload();
         else
@@ -151,23 +165,27 @@ private:
     }
 
     void ChangeLink() {
-        const int how = steps.Byte() % 4;
-        if (how < 2 && session.IsUp()) { // the server ends it
-            if (how == 0)
-                server.Client()->abort();
-            else
-                server.Client()->disconnectFromHost();
-            Await([&] { return !session.IsUp(); }, "the client notices the end of a connection");
-        } else {
-            session.RemotePort = how == 2 ? NoPort : server.Port();
+        Faults& faults = server.GetFaults();
+        switch (steps.Byte() % 8) {
+        case 0: faults.silent = !faults.silent; return;
+        case 1: faults.twice = !faults.twice; return;
+        case 2: faults.pieceSize = steps.Byte(); return;
+        case 3: server.CloseClients(); break;
+        case 4: server.ResetClients(); break;
+        case 5:
+            session.RemotePort = NoPort;
             session.Connect();
-            if (how != 2)
-                AwaitLink();
+            break;
+        default:
+            session.RemotePort = server.Port();
+            session.Connect();
+            return AwaitLink();
         }
+        Await([&] { return !session.IsUp(); }, "the client notices the end of a connection");
     }
 
     void AwaitLink() {
-        Await([&] { return session.IsUp() && server.Client() != nullptr; }, "the client connects");
+        Await([&] { return session.IsUp(); }, "the client connects");
     }
 
     static void Fire(QTimer* timer) {
@@ -208,7 +226,7 @@ private:
                       "texts are plain");
     }
 
-    SilentServer& server;
+    PracticeServer& server;
     Steps steps;
     Language language;
     Program program;
@@ -251,7 +269,9 @@ extern "C" size_t LLVMFuzzerCustomMutator(unsigned char* data, size_t size, size
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
-    static SilentServer server;
+    static PracticeServer server;
+    static const bool isUp = server.Listen();
+    Check(isUp, "a port is free");
     Game(server, Steps({data, qsizetype(size)})).Play();
     Settle();
     return 0;

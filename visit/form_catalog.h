@@ -70,44 +70,58 @@ inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
-/// Makes a form, which belongs to `parent`.
-using FormMaker = std::function<Form*(const FormServices& services, QWidget* parent)>;
-
-/// Makes the form whose constructor takes `arguments` between the services and the parent.
-template <class F, class... Arguments> FormMaker MakerOf(const Arguments&... arguments) {
-    return [arguments...](const FormServices& services, QWidget* parent) {
-        return new F(services, arguments..., parent);
+/// Makers of one of every form but the main window, for those who walk them all: the gallery, and the test of
+/// the languages. `services` and `status` must outlive them; the forms are the caller's.
+inline std::vector<std::function<Form*()>> FormMakers(const FormServices& services, const StatusStore& status,
+                                                      QWidget* parent) {
+    const auto& s = services;
+    const QString title = QStringLiteral("Vantrel Client");
+    return {
+        [=, &s] { return new frmAbout(s, title, parent); },
+        [=, &s] { return new frmAnalogIO(s, parent); },
+        [=, &s] { return new frmCCF(s, frmCCF::Face::Ccf, {}, {}, parent); },
+        [=, &s, &status] {
+            return new frmDeviceDB(s, ListDevices(status, StatusStore::HasDatabase), parent);
+        },
+        [=, &s] { return new frmDeviceMode(s, CatalogBuses(), parent); },
+        [=, &s, &status] { return new frmHTML(s, status, parent); },
+        [=, &s] { return new frmIP(s, parent); },
+        [=, &s] { return new frmIRDBAction(s, CatalogActionTag(), {}, parent); },
+        [=, &s] { return new frmIRDBStatus(s, parent); },
+        [=, &s] { return new frmLog(s, parent); },
+        [=, &s] { return new frmProgramm(s, parent); },
+        [=, &s] {
+            return new frmRemProperties(s, QStringLiteral("192168000090070001001say %c"), true, parent);
+        },
+        [=, &s] { return new frmSendFree(s, parent); },
+        [=, &s] {
+            return new frmSetModus(s, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent);
+        },
+        [=, &s] { return new frmSetModusEx(s, CatalogExtendedDevice(), 0, {}, parent); },
+        [=, &s] { return new frmStartupText(s, parent); },
+        [=, &s] {
+            return new frmTransRcvProperties(s, QStringLiteral("tv\\vol+\\2\\65535\\0\\51\\750"),
+                                             CatalogTranslatorDevice(), parent);
+        },
+        [=, &s] {
+            return new frmTransRemProperties(s, QStringLiteral("REM\\player\\65535\\255\\10"),
+                                             CatalogTranslatorDevice(), parent);
+        },
+        [=, &s] {
+            return new frmTransSndProperties(s, QStringLiteral("screen\\down\\6\\65535\\100"),
+                                             QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(),
+                                             parent);
+        },
+        [=, &s, &status] { return new frmTranslator(s, ListTranslatorDevices(status), {}, parent); },
+        [=, &s] { return new frmTranslatorWait(s, parent); },
     };
 }
 
-/// One maker for every form but the main window, for those who walk them all.
-inline std::vector<FormMaker> FormMakers() {
-    const auto text = [](const char* characters) { return QString::fromLatin1(characters); };
-    const auto fromStatus = [](const FormServices& services, QWidget* parent) {
-        return new frmHTML(services, StatusStore(services.session), parent);
-    };
-    const TranslatorDevice translator = CatalogTranslatorDevice();
-    return {
-        MakerOf<frmAbout>(text("Vantrel Client")),
-        MakerOf<frmAnalogIO>(),
-        MakerOf<frmCCF>(frmCCF::Face::Ccf, QString(), QString()),
-        MakerOf<frmDeviceDB>(std::vector<ListedDevice>()),
-        MakerOf<frmDeviceMode>(CatalogBuses()),
-        fromStatus,
-        MakerOf<frmIP>(),
-        MakerOf<frmIRDBAction>(CatalogActionTag(), DatabaseDevice::Controls()),
-        MakerOf<frmIRDBStatus>(),
-        MakerOf<frmLog>(),
-        MakerOf<frmProgramm>(),
-        MakerOf<frmRemProperties>(text("192168000090070001001say %c"), true),
-        MakerOf<frmSendFree>(),
-        MakerOf<frmSetModus>(CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, QString()),
-        MakerOf<frmSetModusEx>(CatalogExtendedDevice(), 0, QString()),
-        MakerOf<frmStartupText>(),
-        MakerOf<frmTransRcvProperties>(text("1\\2\\2\\65535\\0\\51\\750"), translator),
-        MakerOf<frmTransRemProperties>(text("REM\\1\\65535\\255\\10"), translator),
-        MakerOf<frmTransSndProperties>(text("1\\2\\6\\65535\\100"), text("MACCON\\1@2"), translator),
-        MakerOf<frmTranslator>(TranslatorDevices(), QString()),
-        MakerOf<frmTranslatorWait>(),
-    };
+/// One of each, without a status.
+inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
+    const StatusStore status(services.session);
+    std::vector<Form*> forms;
+    for (const auto& make : FormMakers(services, status, parent))
+        forms.push_back(make());
+    return forms;
 }

@@ -55,8 +55,7 @@ bool MakePictures(const QString& folder, const QString& word, const QString& suf
     const FormServices services{session, language, boxes};
     frmRemote window(services, [] { return QString(); });
     bool isSaved = Save(window, folder + u"/frmRemote-"_s + suffix);
-    for (const FormMaker& make : FormMakers()) {
-        Form* form = make(services, nullptr);
+    for (Form* form : MakeAllForms(services, nullptr)) {
         isSaved = SaveForm(*form, folder, suffix) && isSaved;
         delete form;
     }

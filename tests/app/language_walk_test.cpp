@@ -107,8 +107,7 @@ private slots:
         // These keep their built-in texts in every language.
         const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s,    u"frmIRDBStatus"_s,
                                        u"frmLog"_s,   u"frmStartupText"_s, u"frmTranslatorWait"_s};
-        for (const FormMaker& make : FormMakers()) {
-            Form* form = make(services, &window);
+        for (Form* form : MakeAllForms(services, &window)) {
             Take(*form, seen, !builtIn.contains(form->objectName()));
             delete form;
         }
