@@ -10,16 +10,12 @@
 #include <QFile>
 #include <QTemporaryDir>
 
-#include <random>
-
 namespace {
 
 constexpr int MostSteps = 24;
 constexpr quint16 NoPort = 1; ///< nobody listens there
 
-QString Host() {
-    return QStringLiteral("127.0.0.1");
-}
+const QString Host = QStringLiteral("127.0.0.1");
 
 void Check(bool holds, const char* rule) {
     if (!holds)
@@ -54,10 +50,10 @@ QString LayoutFile() {
 /// One program and those who play with it.
 class Game {
 public:
-    Game(PracticeServer& server, Steps steps)
+    Game(PracticeServer& server, const World& startWorld, Steps steps)
         : server(server)
         , steps(steps)
-        , program({{Host(), false},
+        , program({{Host, false},
                    QCoreApplication::applicationDirPath(),
                    QStringLiteral("German"),
                    LayoutFile(),
@@ -68,12 +64,7 @@ public:
         , reader(session) {
         QObject::connect(&program, &Program::Ended, &program, [this] { hasEnded = true; });
         QObject::connect(&session, &Session::LinkUp, &program, [this] { reader.Reset(); });
-        static const World world = [] {
-            World made = World::LivingRoom();
-            made.AddLivingRoomSets();
-            return made;
-        }();
-        server.GetWorld() = world;
+        server.GetWorld() = startWorld;
         server.GetFaults() = {};
         server.GetOutcomes().learnTime = 1;
         program.Start();
@@ -85,24 +76,29 @@ public:
     void Play() {
         for (int step = 0; step < MostSteps && !steps.AtEnd() && !hasEnded; ++step) {
             Step();
-            if (session.RemoteHost != Host() && !hasEnded) { // somebody's address was typed
-                session.RemoteHost = Host();
+            if (session.RemoteHost != Host && !hasEnded) { // somebody's address was typed
+                session.RemoteHost = Host;
                 session.Connect();
             }
             StopPainting();
             Settle();
-            CheckRules();
+            if (!hasEnded)
+                CheckRules();
         }
-        CheckTexts();
+        for (const QWidget* widget : QApplication::allWidgets())
+            if (const auto* label = qobject_cast<const QLabel*>(widget))
+                Check(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text()),
+                      "texts are plain");
     }
 
 private:
     void Step() {
+        Hand hand(steps);
         const int what = steps.Byte() % 24;
         if (what < 4 && QApplication::activeModalWidget() == nullptr)
             what < 2 ? Trigger() : OpenForm();
         else if (what < 15)
-            Hand(steps).Work(*Top());
+            hand.Work(*hand.Top(window));
         else if (what < 18)
             FeedReply();
         else if (what < 20)
@@ -111,21 +107,8 @@ private:
             Feed(steps.Take(steps.Byte() % 32).toByteArray());
         else if (what < 22)
             ChangeLink();
-        else if (QWidget* top = Top(); top != &window || steps.Byte() == 0)
+        else if (QWidget* top = hand.Top(window); top != &window || steps.Byte() == 0)
             top->close();
-    }
-
-    /// A window that takes the user's input.
-    QWidget* Top() {
-        if (QWidget* popup = QApplication::activePopupWidget())
-            return popup;
-        if (QWidget* modal = QApplication::activeModalWidget())
-            return modal;
-        QWidgetList open{&window};
-        for (Form* form : window.findChildren<Form*>())
-            if (form->isVisible())
-                open += form;
-        return steps.Pick(open);
     }
 
     void Trigger() {
@@ -202,8 +185,6 @@ private:
     }
 
     void CheckRules() const {
-        if (hasEnded)
-            return;
         int shown = 0;
         int modal = 0;
         for (const QWidget* widget : QApplication::topLevelWidgets()) {
@@ -217,13 +198,6 @@ private:
         Check(shown == 0 || QApplication::activeModalWidget() == boxes.Current(), "the box can be answered");
         Check((modal > 0) == (QApplication::activeModalWidget() != nullptr), "what is modal is up");
         Check(window.isVisible() && window.isEnabled(), "the window stands");
-    }
-
-    void CheckTexts() const {
-        for (const QWidget* widget : QApplication::allWidgets())
-            if (const auto* label = qobject_cast<const QLabel*>(widget))
-                Check(label->textFormat() == Qt::PlainText || !Qt::mightBeRichText(label->text()),
-                      "texts are plain");
     }
 
     PracticeServer& server;
@@ -256,23 +230,20 @@ extern "C" int LLVMFuzzerInitialize(int* argc, char*** argv) {
     return 0;
 }
 
-extern "C" size_t LLVMFuzzerMutate(unsigned char* data, size_t size, size_t mostSize);
-
-/// Often makes the program of steps longer: only a long one comes far.
 extern "C" size_t LLVMFuzzerCustomMutator(unsigned char* data, size_t size, size_t mostSize, unsigned seed) {
-    std::minstd_rand random(seed);
-    if (random() % 4 == 0 || size == mostSize)
-        return LLVMFuzzerMutate(data, size, mostSize);
-    for (auto more = random() % 64; more > 0 && size < mostSize; --more)
-        data[size++] = static_cast<unsigned char>(random() >> 8);
-    return size;
+    return GrowSteps(data, size, mostSize, seed);
 }
 
 extern "C" int LLVMFuzzerTestOneInput(const unsigned char* data, size_t size) {
     static PracticeServer server;
+    static World world;
     static const bool isUp = server.Listen();
     Check(isUp, "a port is free");
-    Game(server, Steps({data, qsizetype(size)})).Play();
+    if (world.remotes.empty()) {
+        world = World::LivingRoom();
+        world.AddLivingRoomSets();
+    }
+    Game(server, world, Steps({data, qsizetype(size)})).Play();
     Settle();
     return 0;
 }

@@ -5,11 +5,15 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QContextMenuEvent>
+#include <QDialog>
 #include <QKeyEvent>
 #include <QMenu>
 #include <QTabBar>
 
 #include <algorithm>
+#include <random>
+
+extern "C" size_t LLVMFuzzerMutate(unsigned char* data, size_t size, size_t mostSize);
 
 /// The input of a fuzz target as choices, byte by byte; zeros behind its end.
 class Steps {
@@ -42,11 +46,34 @@ private:
     QByteArrayView bytes;
 };
 
+/// A mutator that often adds steps: only a long row of them comes far.
+inline size_t GrowSteps(unsigned char* data, size_t size, size_t mostSize, unsigned seed) {
+    std::minstd_rand random(seed);
+    if (random() % 4 == 0 || size == mostSize)
+        return LLVMFuzzerMutate(data, size, mostSize);
+    for (auto more = random() % 64; more > 0 && size < mostSize; --more)
+        data[size++] = static_cast<unsigned char>(random() >> 8);
+    return size;
+}
+
 /// A user's hand: works one control of a window, which one and how the steps say.
 class Hand {
 public:
     explicit Hand(Steps& steps)
         : steps(steps) {}
+
+    /// A window that can be reached: the main window or one above it.
+    QWidget* Top(QWidget& mainWindow) {
+        if (QWidget* popup = QApplication::activePopupWidget())
+            return popup;
+        if (QWidget* modal = QApplication::activeModalWidget())
+            return modal;
+        QWidgetList open{&mainWindow};
+        for (QDialog* form : mainWindow.findChildren<QDialog*>())
+            if (form->isVisible())
+                open += form;
+        return steps.Pick(open);
+    }
 
     void Work(QWidget& window) {
         if (auto* menu = qobject_cast<QMenu*>(&window))
