@@ -2,9 +2,9 @@
 // again and again. Says what memory and files that takes, and fails if they grow.
 
 #include "app/program.h"
+#include "silent_server.h"
 #include "visit/form_catalog.h"
 #include "visit/reply_catalog.h"
-#include "silent_server.h"
 #include "wait_for.h"
 
 #include <QAbstractButton>

@@ -37,7 +37,7 @@ template <class Condition> void Await(Condition condition, const char* what) {
 
 QString LayoutFile() {
     static const QTemporaryDir folder;
-    const QString path = folder.filePath(QStringLiteral("Remote.lyt"));
+    QString path = folder.filePath(QStringLiteral("Remote.lyt"));
     QFile file(path);
     if (!file.exists() && file.open(QIODevice::WriteOnly))
         file.write("[MAIN]\n[MOD]0,0[SIZE]900,300[PANEL]TV\n[END]\n[TV]\n"
@@ -214,6 +214,7 @@ private:
 } // namespace
 
 /// What the library of the fonts keeps for good.
+// NOLINTNEXTLINE(bugprone-reserved-identifier)
 extern "C" const char* __lsan_default_suppressions() {
     return "leak:libfontconfig";
 }
