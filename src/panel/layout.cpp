@@ -56,7 +56,7 @@ LayoutResult LoadRemote(PanelModel& panel, const QString& path, const QString& s
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
         return LayoutResult::NoFile;
-    const QString text = DecodeFileText(file.read(LargestFile));
+    const QString text = DecodeFileText(file.read(file.size()));
     const auto lines = LinesOf(text);
 
     const QString head = u'[' + section + u']';
