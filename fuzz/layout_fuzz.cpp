@@ -5,22 +5,18 @@
 
 namespace {
 
-void CheckElement(const LayoutElement& element) {
-    for (const int number : {element.rect.left, element.rect.top, element.rect.width, element.rect.height})
-        Check(qint16(number) == number);
-    for (const LayoutColor& color : {element.backColor, element.foreColor})
-        Check(color.value_or(0) <= 0xFFFFFF);
-    Check(!element.caption.isEmpty());
-}
-
-/// All that the panel shows, in words.
+/// What the panel shows, in words, each element within its bounds.
 QString Words(const PanelModel& panel) {
     QString words = panel.PanelTitle;
     const auto add = [&words](const auto& elements) {
         Check(elements.size() <= LayoutLimit);
         for (const LayoutElement& element : elements) {
-            CheckElement(element);
-            words += element.caption + QString::number(element.rect.left) + QString::number(element.fontSize);
+            for (const int number :
+                 {element.rect.left, element.rect.top, element.rect.width, element.rect.height})
+                Check(qint16(number) == number);
+            Check(element.backColor.value_or(0) <= 0xFFFFFF && element.foreColor.value_or(0) <= 0xFFFFFF);
+            Check(!element.caption.isEmpty());
+            words += element.caption + QString::number(element.rect.left + element.fontSize);
         }
     };
     add(panel.cmdModeP);
@@ -29,10 +25,8 @@ QString Words(const PanelModel& panel) {
     add(panel.cmdMode);
     add(panel.lblRem);
     add(panel.cmdRem);
-    for (size_t i = 1; i <= panel.cmdRem.size(); ++i) {
+    for (size_t i = 1; i <= panel.cmdRem.size(); ++i)
         Check(!panel.RemoteList[i].isEmpty() && !panel.CommandList[i].isEmpty());
-        words += panel.RemoteList[i] + panel.CommandList[i];
-    }
     for (const auto* buttons : {&panel.cmdModeP, &panel.cmdMode})
         for (const PageButtonElement& button : *buttons)
             Check(!button.section.isEmpty());

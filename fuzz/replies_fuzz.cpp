@@ -47,15 +47,6 @@ public:
         confirms = input.ConsumeBool();
     }
 
-    /// Nothing of an earlier run is left.
-    void Reset() {
-        session.NameList.clear();
-        session.BusList.clear();
-        session.CommandList1.clear();
-        session.CommandList2.clear();
-        session.CommandList3.clear();
-    }
-
     Session session;
 
 private:
@@ -80,7 +71,9 @@ void CheckStatus(const StatusStore& status) {
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     static Client client;
-    client.Reset();
+    client.session.NameList = client.session.CommandList1 = client.session.CommandList2 =
+        client.session.CommandList3 = {};
+    client.session.BusList.clear();
     Input input(data, size);
     client.SetFlags(input);
     StatusStore status(client.session);

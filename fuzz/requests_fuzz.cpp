@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     static const World livingRoom = World::LivingRoom();
 
     Input input(data, size);
-    const qsizetype piece = 1 + input.Below(512);
+    const qsizetype piece = 16 * (1 + input.Below(256));
     const QByteArray stream = input.Rest();
     QByteArrayList received;
     Practice practice;

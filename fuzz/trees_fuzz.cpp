@@ -45,32 +45,30 @@ template <class Record> QByteArray BytesOf(const std::vector<Record>& records) {
     return bytes;
 }
 
-void TryTranslator(Input& input, bool intoTree) {
+using Rules = std::vector<TranslatorRequest>;
+
+void TryTranslator(Input& input, bool hasRoot) {
     KeyedTree tree;
-    if (intoTree)
+    if (hasRoot)
         ResetTranslatorTree(tree);
-    std::vector<TranslatorRequest> rules;
+    Rules rules;
     while (input.remaining_bytes() > 0)
         rules.push_back(TakeRule(input));
     const auto built = BuildNodes(rules, tree);
-    if (!std::holds_alternative<TranslatorNodes>(built))
+    const auto* nodes = std::get_if<TranslatorNodes>(&built);
+    if (nodes == nullptr)
         return;
-    const auto& nodes = std::get<TranslatorNodes>(built);
-    FillTree(tree, nodes);
-    Check(tree.Count() == int(nodes.nodes.size()) + (intoTree && !nodes.replacesTree ? 1 : 0));
-
-    const auto flat = FlattenTree(tree, nodes.includeNames.value_or(false));
-    if (!std::holds_alternative<std::vector<TranslatorRequest>>(flat))
+    FillTree(tree, *nodes);
+    Check(tree.Count() == int(nodes->nodes.size()) + (hasRoot && !nodes->replacesTree ? 1 : 0));
+    const bool includesNames = nodes->includeNames.value_or(false);
+    const auto flat = FlattenTree(tree, includesNames);
+    const auto* stored = std::get_if<Rules>(&flat);
+    if (stored == nullptr)
         return;
-    const auto& stored = std::get<std::vector<TranslatorRequest>>(flat);
-    Check(int(stored.size()) == tree.Count());
+    Check(int(stored->size()) == tree.Count());
     KeyedTree again;
-    const auto rebuilt = BuildNodes(stored, again);
-    Check(std::holds_alternative<TranslatorNodes>(rebuilt));
-    FillTree(again, std::get<TranslatorNodes>(rebuilt));
-    const auto restored = FlattenTree(again, nodes.includeNames.value_or(false));
-    Check(std::holds_alternative<std::vector<TranslatorRequest>>(restored));
-    Check(BytesOf(std::get<std::vector<TranslatorRequest>>(restored)) == BytesOf(stored));
+    FillTree(again, std::get<TranslatorNodes>(BuildNodes(*stored, again)));
+    Check(BytesOf(std::get<Rules>(FlattenTree(again, includesNames))) == BytesOf(*stored));
 }
 
 IRDBElementRecord TakeAction(Input& input) {
@@ -106,9 +104,9 @@ std::vector<IRDBElementRecord> ElementsOf(const KeyedTree& tree) {
 
 void TryDatabase(Input& input) {
     KeyedTree tree;
-    for (int remote = 1; remote < 6; ++remote) {
+    for (int remote = 1; remote < 4; ++remote) {
         DatabaseTree::AddRemote(tree, Name(remote).trimmed());
-        for (int command = 1; command < 6; ++command)
+        for (int command = 1; command < 4; ++command)
             DatabaseTree::AddCommand(tree, Name(remote).trimmed(), Name(command).trimmed());
     }
     std::vector<IRDBElementRecord> elements;
@@ -128,10 +126,9 @@ void TryDatabase(Input& input) {
 
 extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     Input input(data, size);
-    switch (input.Below(3)) {
-    case 0: TryTranslator(input, false); break;
-    case 1: TryTranslator(input, true); break;
-    default: TryDatabase(input); break;
-    }
+    if (const int kind = input.Below(3); kind < 2)
+        TryTranslator(input, kind == 1);
+    else
+        TryDatabase(input);
     return 0;
 }
