@@ -65,7 +65,7 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     static const World livingRoom = World::LivingRoom();
 
     Input input(data, size);
-    const qsizetype piece = 16 * (1 + input.Below(256));
+    const qsizetype piece = 1 + input.Below(4096);
     const QByteArray stream = input.Rest();
     QByteArrayList received;
     Practice practice;
@@ -81,21 +81,27 @@ extern "C" int LLVMFuzzerTestOneInput(const quint8* data, size_t size) {
     reader.Add(stream);
     qsizetype records = 0;
     qsizetype unanswered = 0;
-    for (auto state = reader.Next(); IsWhole(state); state = reader.Next()) {
+    qsizetype taken = 0;
+    auto state = reader.Next();
+    for (; IsWhole(state); state = reader.Next()) {
+        taken += reader.Bytes().size();
         if (state != RequestReader::State::Record)
             continue;
         Check(records < received.size() && received[records++] == reader.Bytes());
         Check(reader.Bytes().size() == reader.Row()->size);
         unanswered += IsSilent(reader.Row()->netcommand) ? 0 : 1;
     }
+    if (const QByteArray left = stream.sliced(taken); state == RequestReader::State::NeedsMore && taken > 0 &&
+                                                      !left.isEmpty() && left.size() >= BytesToTell(left[0]))
+        Check(left[0] == TextLineMark || left.size() < FindRow(left)->size);
     Check(records == received.size() && practice.records == records);
 
     FrameReader frames;
     QByteArrayView answers = socket->sent;
-    for (auto state = frames.Next(answers); state != FrameReader::State::NeedsMore;
-         state = frames.Next(answers)) {
-        Check(state != FrameReader::State::Broken);
-        unanswered -= state == FrameReader::State::Header ? 0 : 1;
+    for (auto answer = frames.Next(answers); answer != FrameReader::State::NeedsMore;
+         answer = frames.Next(answers)) {
+        Check(answer != FrameReader::State::Broken);
+        unanswered -= answer == FrameReader::State::Header ? 0 : 1;
     }
     Check(unanswered <= 0);
     return 0;
