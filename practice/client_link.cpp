@@ -74,7 +74,7 @@ bool ClientLink::CanAnswer() const {
 void ClientLink::Read() {
     TakeRequests();
     while (!practice.faults.neverRead && CanAnswer() && socket->bytesAvailable() > 0) {
-        reader.Add(socket->read(ReadAtOnce));
+        reader.Add(socket->read(socket->bytesAvailable()));
         TakeRequests();
     }
 }

@@ -50,7 +50,11 @@ bool Language::OpenTranslationFile(const QString& folder, const QString& languag
     QFile file(FindIgnoringCase(folder, language + QStringLiteral(".tra")));
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
         return false;
-    const QString content = DecodeFileText(file.read(file.size()));
+    TakeTexts(DecodeFileText(file.read(file.size())));
+    return true;
+}
+
+void Language::TakeTexts(QStringView content) {
     texts.clear();
     for (QStringView line : QStringTokenizer(content, u'\n')) {
         if (line.endsWith(u'\r'))
@@ -60,7 +64,6 @@ bool Language::OpenTranslationFile(const QString& folder, const QString& languag
             continue;
         texts.insert(key, TakeField(line));
     }
-    return true;
 }
 
 QString Language::GetLanguageText(const QString& key, const QString& builtIn) const {

@@ -20,6 +20,9 @@ public:
     /// False if there is none that can be read, or if it is larger than 16 MiB; then nothing changes.
     bool OpenTranslationFile(const QString& folder, const QString& language);
 
+    /// Takes the lines of a language file in place of the texts that there are.
+    void TakeTexts(QStringView content);
+
     /// The text of `key`, which is compared exactly; `builtIn` if no file is open or has no such key.
     QString GetLanguageText(const QString& key, const QString& builtIn) const;
 

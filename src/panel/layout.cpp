@@ -46,19 +46,20 @@ void UnloadPanel(PanelModel& panel) {
 }
 
 LayoutResult LoadRemote(PanelModel& panel, const QString& path, const QString& section) {
-    const bool isMain = section == MainSection;
     panel.ButtonBackColor.reset();
     panel.ButtonForeColor.reset();
     panel.windowSize.reset();
-    if (!isMain)
+    if (section != MainSection)
         UnloadPanel(panel);
 
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
         return LayoutResult::NoFile;
-    const QString text = DecodeFileText(file.read(file.size()));
-    const auto lines = LinesOf(text);
+    return ReadSection(panel, DecodeFileText(file.read(file.size())), section);
+}
 
+LayoutResult ReadSection(PanelModel& panel, QStringView text, const QString& section) {
+    const auto lines = LinesOf(text);
     const QString head = u'[' + section + u']';
     size_t at = 0;
     while (at < lines.size() && WithoutBlanks(lines[at]) != head)
@@ -75,7 +76,7 @@ LayoutResult LoadRemote(PanelModel& panel, const QString& path, const QString& s
         if (line == u"[END]")
             break;
         if (!line.isEmpty())
-            ParseLayoutLine(panel, line, isMain);
+            ParseLayoutLine(panel, line, section == MainSection);
     }
     return LayoutResult::Loaded;
 }

@@ -124,6 +124,9 @@ enum class LayoutResult {
 /// UTF-8 if it begins with the byte order mark.
 LayoutResult LoadRemote(PanelModel& panel, const QString& path, const QString& section);
 
+/// What LoadRemote makes of the text of the file: Loaded or NoSection.
+LayoutResult ReadSection(PanelModel& panel, QStringView text, const QString& section);
+
 /// Interprets one line of a section, trimmed of blanks.
 void ParseLayoutLine(PanelModel& panel, QStringView line, bool isMain);
 

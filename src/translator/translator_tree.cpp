@@ -1,7 +1,6 @@
 #include "translator/translator_tree.h"
 
 #include "base/blanks.h"
-#include "base/code_page.h"
 #include "base/tag_fields.h"
 #include "link/requests.h"
 
@@ -146,6 +145,7 @@ void ResetTranslatorTree(KeyedTree& tree) {
 }
 
 QString AsStoredName(const QString& name) {
-    const QStringView field = WithoutBlanks(name).left(Wire::RemoteWidth);
-    return FromCodePage(ToCodePage(WithoutBlanks(field)));
+    std::array<char, Wire::RemoteWidth> field{};
+    Wire::PutText(field, Wire::TextForm::Trimmed, name);
+    return WithoutBlanks(Wire::GetText(field)).toString();
 }

@@ -128,6 +128,8 @@ private slots:
         QCOMPARE(AddRemote(g.tree, QString(90, u'x')), u"REM"_s + QString(80, u'x'));
         QCOMPARE(AddRemote(g.tree, u"Я"_s), u"REM?"_s);
         QVERIFY(!CanAddRemote(g.tree, u"Ж"_s));
+        // One byte for each character, though it takes two units of the text.
+        QCOMPARE(AddRemote(g.tree, u"😀"_s.repeated(81)), u"REM"_s + QString(80, u'?'));
     }
 
     void Drops() {
