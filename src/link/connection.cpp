@@ -50,11 +50,10 @@ Connection::Sent Connection::Send(QByteArrayView bytes) {
         return Sent::NoLink;
     if (socket->bytesToWrite() + bytes.size() > SendBacklog)
         return Sent::Stuck;
-    if (socket->write(bytes.data(), bytes.size()) != bytes.size())
-        return Sent::NoLink;
+    const bool isTaken = socket->write(bytes.data(), bytes.size()) == bytes.size();
     // Without this the record would wait for the next turn of the event loop.
     socket->flush();
-    return Sent::Yes;
+    return isTaken ? Sent::Yes : Sent::NoLink;
 }
 
 QByteArrayView Connection::Read() {
