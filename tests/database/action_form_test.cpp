@@ -91,6 +91,9 @@ private slots:
         tag.groups[1] = {{1, 80, true, false, true, true}, true, u"00 00 01 AB 06 00 07 00 "_s};
         tag.groups[2] = {{}, true, u"00 00 02 AB 0C 00 01 00 02 00 03 00 FF 01 05 00 00 00"_s};
         tag.groups[3] = tag.groups[1];
+        tag.groups[0] = {{0, 7042, false, true, false, false},
+                         true,
+                         u"FD AB 02 AB 00 00 01 00 02 00 03 00 FF 00 00 00 01 00"_s}; // of no known type
         auto* form = Action(tag.Format());
         tag.groups[1] = {{1, 7042, false, true, false, true}, true, u"0E AB 01 AB 06 00 07 00"_s};
         tag.groups[2] = {{0, 7042, false, true, false, false},

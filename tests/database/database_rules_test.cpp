@@ -185,6 +185,9 @@ private slots:
         values = {};
         values.pages[7].isDefault = false;
         QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
+        values = {};
+        values.pages[7].text = u"x"_s;
+        QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
     }
 };
 
