@@ -17,6 +17,8 @@ if(CALVORIS_SANITIZE)
     add_link_options(-fsanitize=address,undefined)
 elseif(CMAKE_BUILD_TYPE STREQUAL Release AND NOT WIN32)
     add_compile_options(-fstack-protector-strong -fstack-clash-protection -U_FORTIFY_SOURCE -D_FORTIFY_SOURCE=2)
+    # The bytes of the programs don't depend on where they are built.
+    add_compile_options(-ffile-prefix-map=${PROJECT_SOURCE_DIR}/=)
     add_link_options(-Wl,-z,relro,-z,now,-z,noexecstack)
 endif()
 if(CALVORIS_FUZZ)

@@ -24,7 +24,7 @@ int Fail(const QString& line) {
 int main(int argc, char** argv) {
     QCoreApplication application(argc, argv);
     QCoreApplication::setApplicationName(u"brenmard-practice"_s);
-    QCoreApplication::setApplicationVersion(u"0.1.0"_s);
+    QCoreApplication::setApplicationVersion(u"" PROGRAM_VERSION ""_s);
 
     QCommandLineParser parser;
     parser.setApplicationDescription(u"A device server for practice: a living room, and faults on demand."_s);

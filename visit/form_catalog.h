@@ -22,6 +22,7 @@
 #include "translator/frmTranslator.h"
 #include "translator/frmTranslatorWait.h"
 
+#include <functional>
 #include <vector>
 
 /// Two buses with devices of several kinds.
@@ -69,34 +70,58 @@ inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
-/// One of every form but the main window, for those who walk them all: the gallery, and the test of the
-/// languages.
+/// Makers of one of every form but the main window, for those who walk them all: the gallery, and the test of
+/// the languages. `services` and `status` must outlive them; the forms are the caller's.
+inline std::vector<std::function<Form*()>> FormMakers(const FormServices& services, const StatusStore& status,
+                                                      QWidget* parent) {
+    const auto& s = services;
+    const QString title = QStringLiteral("Vantrel Client");
+    return {
+        [=, &s] { return new frmAbout(s, title, parent); },
+        [=, &s] { return new frmAnalogIO(s, parent); },
+        [=, &s] { return new frmCCF(s, frmCCF::Face::Ccf, {}, {}, parent); },
+        [=, &s, &status] {
+            return new frmDeviceDB(s, ListDevices(status, StatusStore::HasDatabase), parent);
+        },
+        [=, &s] { return new frmDeviceMode(s, CatalogBuses(), parent); },
+        [=, &s, &status] { return new frmHTML(s, status, parent); },
+        [=, &s] { return new frmIP(s, parent); },
+        [=, &s] { return new frmIRDBAction(s, CatalogActionTag(), {}, parent); },
+        [=, &s] { return new frmIRDBStatus(s, parent); },
+        [=, &s] { return new frmLog(s, parent); },
+        [=, &s] { return new frmProgramm(s, parent); },
+        [=, &s] {
+            return new frmRemProperties(s, QStringLiteral("192168000090070001001say %c"), true, parent);
+        },
+        [=, &s] { return new frmSendFree(s, parent); },
+        [=, &s] {
+            return new frmSetModus(s, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent);
+        },
+        [=, &s] { return new frmSetModusEx(s, CatalogExtendedDevice(), 0, {}, parent); },
+        [=, &s] { return new frmStartupText(s, parent); },
+        [=, &s] {
+            return new frmTransRcvProperties(s, QStringLiteral("tv\\vol+\\2\\65535\\0\\51\\750"),
+                                             CatalogTranslatorDevice(), parent);
+        },
+        [=, &s] {
+            return new frmTransRemProperties(s, QStringLiteral("REM\\player\\65535\\255\\10"),
+                                             CatalogTranslatorDevice(), parent);
+        },
+        [=, &s] {
+            return new frmTransSndProperties(s, QStringLiteral("screen\\down\\6\\65535\\100"),
+                                             QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(),
+                                             parent);
+        },
+        [=, &s, &status] { return new frmTranslator(s, ListTranslatorDevices(status), {}, parent); },
+        [=, &s] { return new frmTranslatorWait(s, parent); },
+    };
+}
+
+/// One of each, without a status.
 inline std::vector<Form*> MakeAllForms(const FormServices& services, QWidget* parent) {
     const StatusStore status(services.session);
-    return {
-        new frmAbout(services, QStringLiteral("Vantrel Client"), parent),
-        new frmAnalogIO(services, parent),
-        new frmCCF(services, frmCCF::Face::Ccf, {}, {}, parent),
-        new frmDeviceDB(services, {}, parent),
-        new frmDeviceMode(services, CatalogBuses(), parent),
-        new frmHTML(services, status, parent),
-        new frmIP(services, parent),
-        new frmIRDBAction(services, CatalogActionTag(), {}, parent),
-        new frmIRDBStatus(services, parent),
-        new frmLog(services, parent),
-        new frmProgramm(services, parent),
-        new frmRemProperties(services, QStringLiteral("192168000090070001001say %c"), true, parent),
-        new frmSendFree(services, parent),
-        new frmSetModus(services, CatalogBuses()[0].devices[0].entry, DeviceOrigin::Tree, 0, {}, parent),
-        new frmSetModusEx(services, CatalogExtendedDevice(), 0, {}, parent),
-        new frmStartupText(services, parent),
-        new frmTransRcvProperties(services, QStringLiteral("1\\2\\2\\65535\\0\\51\\750"),
-                                  CatalogTranslatorDevice(), parent),
-        new frmTransRemProperties(services, QStringLiteral("REM\\1\\65535\\255\\10"),
-                                  CatalogTranslatorDevice(), parent),
-        new frmTransSndProperties(services, QStringLiteral("1\\2\\6\\65535\\100"),
-                                  QStringLiteral("MACCON\\1@2"), CatalogTranslatorDevice(), parent),
-        new frmTranslator(services, {}, {}, parent),
-        new frmTranslatorWait(services, parent),
-    };
+    std::vector<Form*> forms;
+    for (const auto& make : FormMakers(services, status, parent))
+        forms.push_back(make());
+    return forms;
 }

@@ -2,28 +2,18 @@
 
 #include "app/program.h"
 #include "forms/tab_frames.h"
+#include "practice/practice_server.h"
 #include "visit/form_catalog.h"
+#include "visit/furnish.h"
+#include "visit/palettes.h"
 
 #include <QApplication>
 #include <QDir>
-#include <QPalette>
 #include <QTest>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QPalette DarkPalette() {
-    QPalette colors(QColor(53, 53, 53), QColor(42, 42, 46));
-    colors.setColor(QPalette::Base, QColor(30, 30, 33));
-    colors.setColor(QPalette::Text, QColor(230, 230, 230));
-    colors.setColor(QPalette::WindowText, QColor(230, 230, 230));
-    colors.setColor(QPalette::ButtonText, QColor(230, 230, 230));
-    colors.setColor(QPalette::Highlight, QColor(70, 130, 210));
-    for (const auto role : {QPalette::Text, QPalette::WindowText, QPalette::ButtonText})
-        colors.setColor(QPalette::Disabled, role, QColor(130, 130, 130));
-    return colors;
-}
 
 bool Save(QWidget& window, const QString& path) {
     window.show();
@@ -47,17 +37,35 @@ bool SaveForm(Form& form, const QString& folder, const QString& suffix) {
     return isSaved;
 }
 
+/// `window` comes up and greets the server, which then tells its devices.
+bool Connect(Session& session, frmRemote& window, StatusStore& status, quint16 port) {
+    session.RemoteHost = u"127.0.0.1"_s;
+    session.RemotePort = port;
+    session.Connect();
+    if (!QTest::qWaitFor([&] { return !window.Panel().cmdRem.empty(); }))
+        return false;
+    status.Request();
+    return QTest::qWaitFor([&] { return status.DeviceCount() > 0; });
+}
+
 bool MakePictures(const QString& folder, const QString& word, const QString& suffix) {
+    const QString programFolder = QCoreApplication::applicationDirPath();
+    PracticeServer server;
+    server.GetOutcomes().learnTime = 60'000; // the picture is taken while a command is being learned
     Session session;
     Language language;
-    ChooseLanguage(language, QCoreApplication::applicationDirPath(), word, false);
+    ChooseLanguage(language, programFolder, word, false);
     Boxes boxes(language);
     const FormServices services{session, language, boxes};
-    frmRemote window(services, [] { return QString(); });
+    StatusStore status(session);
+    frmRemote window(services, [programFolder] { return programFolder + u"/Remote.lyt"_s; });
+    if (!server.Listen() || !Connect(session, window, status, server.Port()))
+        return false;
     bool isSaved = Save(window, folder + u"/frmRemote-"_s + suffix);
-    for (Form* form : MakeAllForms(services, nullptr)) {
+    for (const auto& make : FormMakers(services, status, nullptr)) {
+        const std::unique_ptr<Form> form(make());
+        Furnish(*form);
         isSaved = SaveForm(*form, folder, suffix) && isSaved;
-        delete form;
     }
     return isSaved;
 }

@@ -4,6 +4,8 @@
 
 #include <QHash>
 
+#include <algorithm>
+
 using namespace Qt::StringLiterals;
 
 MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
@@ -84,12 +86,14 @@ void MenuForms::RequestStatus(Purpose purpose) {
 
 void MenuForms::OpenDevices() {
     // A status that nobody asked for puts no second dialog over the one that is up.
-    if (devices.Loaded() != nullptr || (settings && settings->isVisible()))
+    const auto forms = mainWindow->findChildren<Form*>();
+    if (std::any_of(forms.begin(), forms.end(),
+                    [](Form* form) { return form->isVisible() && form->isModal(); }))
         return;
     const auto buses = ReadBuses(status);
     if (const auto only = OnlyDevice(buses))
-        settings = OpenDeviceSettings(services, *FindDevice(buses, *only), *only, DeviceOrigin::Single,
-                                      mainWindow, [] {});
+        OpenDeviceSettings(services, *FindDevice(buses, *only), *only, DeviceOrigin::Single, mainWindow,
+                           [] {});
     else
         devices.Load(services, buses, mainWindow).ShowModal();
 }

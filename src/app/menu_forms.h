@@ -48,7 +48,6 @@ private:
     FormSlot<frmAbout> about;
     FormSlot<frmHTML> html;
     FormSlot<frmDeviceMode> devices;
-    QPointer<Form> settings; ///< of the only device
     FormSlot<frmDeviceDB> database;
     FormSlot<frmTranslator> translator;
     FormSlot<frmTranslatorWait> wait;

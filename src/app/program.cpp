@@ -34,13 +34,15 @@ void Program::Start() {
 }
 
 void Program::ShowLinkFault(LinkFault fault, const QString& description) {
-    QString text = u"Error: "_s + description;
-    if (fault == LinkFault::Refused)
-        text +=
+    Box box{QMessageBox::Critical, u"Error: "_s + description, {}};
+    if (fault == LinkFault::Refused) {
+        box.text +=
             u'\n' +
             language.GetLanguageText(u"frmRemote.SockError"_s, u"Brenmard läuft nicht auf dem Zielhost "_s) +
             session.RemoteHost;
-    boxes.Show({QMessageBox::Critical, text, {}}, [this, fault](bool) {
+        box.help = frmIP::HelpText(language);
+    }
+    boxes.Show(box, [this, fault](bool) {
         if (fault == LinkFault::Aborted)
             emit Ended();
         if (fault != LinkFault::Refused)
@@ -50,10 +52,14 @@ void Program::ShowLinkFault(LinkFault fault, const QString& description) {
     });
 }
 
-/// Everything that is still open goes with the main window.
+/// Everything that is still open goes with the main window, the connection last: a form may have to say
+/// goodbye.
 void Program::Unload() {
     boxes.Clear();
+    while (QWidget* menu = QApplication::activePopupWidget())
+        menu->hide();
     for (Form* form : mainWindow->findChildren<Form*>())
         form->Unload();
+    session.Disconnect();
     emit Ended();
 }

@@ -13,7 +13,7 @@ class Program : public QObject {
 public:
     struct Options {
         StartOptions start;
-        QString folder;         ///< of the program: language files, and the layout file if no other is found
+        QString folder;         ///< of what ships: language files, and the layout file if no other is found
         QString systemLanguage; ///< empty: the system gives none
         QString layoutFile;     ///< empty: it is looked for
         quint16 port = 21000;

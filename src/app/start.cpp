@@ -1,5 +1,7 @@
 #include "app/start.h"
 
+#include <QDir>
+
 using namespace Qt::StringLiterals;
 
 StartOptions ReadStartOptions(const QStringList& arguments) {
@@ -10,6 +12,29 @@ StartOptions ReadStartOptions(const QStringList& arguments) {
     if (!options.english)
         options.host = arguments.first();
     return options;
+}
+
+QString AnswerOnTerminal(const QString& argument) {
+    if (argument == u"--version")
+        return u"calvoris " PROGRAM_VERSION "\n"_s;
+    if (argument == u"--help")
+        return u"Usage: calvoris [SERVER]\n"
+               "The client for infrared transceivers: a remote control on the screen, learning of commands, "
+               "and\n"
+               "the settings of the devices.\n\n"
+               "  SERVER     name or address of the device server; this computer if none is given\n"
+               "  en, EN     this computer, and English whatever the system says\n"
+               "  --help     shows this text\n"
+               "  --version  shows the version\n"_s;
+    return {};
+}
+
+QString FindShippedFiles(const QString& programFolder, const QString& installed) {
+    const QDir beside(programFolder);
+    const QString elsewhere = QDir::cleanPath(beside.filePath(installed));
+    const bool isBeside =
+        beside.exists(u"Remote.lyt"_s) || !beside.entryList({u"*.tra"_s}, QDir::Files).isEmpty();
+    return isBeside || !QDir(elsewhere).exists() ? programFolder : elsewhere;
 }
 
 QStringList ChooseLanguage(Language& language, const QString& folder, const QString& systemLanguage,

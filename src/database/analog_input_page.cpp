@@ -123,11 +123,8 @@ void AnalogInputPage::LayOut(QWidget* modeLabel) {
     grid->setColumnStretch(2, 1);
     grid->setRowStretch(row + 1, 1);
 
-    QWidget* const order[] = {cmbModus, optSend,    optAction,   min.threshold, max.threshold,
-                              txtHys,   min.remote, min.command, max.remote,    max.command,
-                              min.led,  min.mask,   max.led,     max.mask};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    ChainTabs({cmbModus, optSend, optAction, min.threshold, max.threshold, txtHys, min.remote, min.command,
+               max.remote, max.command, min.led, min.mask, max.led, max.mask});
 }
 
 void AnalogInputPage::FinishTexts() {
@@ -142,8 +139,7 @@ void AnalogInputPage::FinishTexts() {
 void AnalogInputPage::FillRemotes(const QStringList& names) {
     for (Side* side : {&min, &max}) {
         const QString wanted = side->wanted;
-        side->remote->clear();
-        side->remote->addItems(names);
+        side->remote->SetEntries(names);
         SelectRemote(*side, wanted);
     }
 }

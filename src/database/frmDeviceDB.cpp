@@ -76,9 +76,7 @@ QLayout* frmDeviceDB::MakeFoot() {
     grid->addWidget(cmbExit, 1, 4, Qt::AlignRight);
     grid->setColumnStretch(1, 3);
     grid->setColumnStretch(4, 2);
-    QWidget* const order[] = {cmbDevice, cmdFlash, txtName, cmdLoad, cmdSave, cmbExit};
-    for (size_t i = 1; i < std::size(order); ++i)
-        setTabOrder(order[i - 1], order[i]);
+    ChainTabs({cmbDevice, cmdFlash, txtName, cmdLoad, cmdSave, cmbExit});
     return grid;
 }
 

@@ -51,6 +51,9 @@ void DatabaseLists::Ask() {
 /// The present request has been answered, or won't be.
 void DatabaseLists::Advance() {
     remoteIndex = state == State::Remotes ? 0 : remoteIndex + 1;
+    // A request without a name would be one for the next page of some other list.
+    while (remoteIndex < remotes.size() && remotes[remoteIndex].isEmpty())
+        ++remoteIndex;
     state = remoteIndex < remotes.size() ? State::Commands : State::Sets;
     emit Progress(remoteIndex, int(remotes.size()));
     Ask();

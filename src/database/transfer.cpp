@@ -182,9 +182,16 @@ void DatabaseTransfer::TakeGlobal(const PageHead& head, const IRDBGlobalRecord& 
 void DatabaseTransfer::TakePage(const ListPage<IRDBElementRecord>& page) {
     if (state != State::Loading || (strayPages && page.head.Offset != nextIndex))
         return;
+    const bool more = page.head.More != 0;
+    const int end = page.head.Offset + page.head.Count;
+    // A page that came before comes once more; the one that is due is still to come.
+    if (more && page.head.Count > 0 && end <= nextIndex)
+        return;
     Place(page.elements);
-    // A page that brings the load no further is its last one.
-    GoOnWith(page.head, page.head.More != 0 && page.head.Offset + page.head.Count > nextIndex);
+    // One that says more and brings the load no further is its last one, but not the end of the file.
+    if (more && end <= nextIndex)
+        LeaveHalfDone();
+    GoOnWith(page.head, more && end > nextIndex);
 }
 
 void DatabaseTransfer::GoOnWith(const PageHead& head, bool more) {

@@ -1,6 +1,7 @@
 #include "forms/boxes.h"
 
 #include <QApplication>
+#include <QLabel>
 
 #include <utility>
 
@@ -66,6 +67,9 @@ void Boxes::OpenNext() {
     box->setWindowTitle(entry.box.title.isEmpty() ? QStringLiteral("Calvoris") : entry.box.title);
     box->setTextFormat(Qt::PlainText);
     box->setText(entry.box.text);
+    box->setInformativeText(entry.box.help);
+    if (auto* help = box->findChild<QLabel*>(u"qt_msgbox_informativelabel"_s))
+        help->setTextFormat(Qt::PlainText);
     box->setStandardButtons(entry.box.question ? QMessageBox::Ok | QMessageBox::Cancel : QMessageBox::Ok);
     box->setDefaultButton(QMessageBox::Ok);
     box->setWindowModality(Qt::ApplicationModal);

@@ -17,6 +17,7 @@ struct Box {
     QString text;
     QString title;         ///< the program's name if empty
     bool question = false; ///< OK and Cancel instead of OK alone
+    QString help = {};     ///< what the user can do about it; stands below the text
 };
 
 /// The one door for message boxes.

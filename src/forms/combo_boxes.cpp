@@ -3,6 +3,7 @@
 #include <QAbstractItemView>
 #include <QKeyEvent>
 #include <QLineEdit>
+#include <QStringListModel>
 #include <QWheelEvent>
 
 #include <utility>
@@ -30,6 +31,17 @@ bool ComboBox::SelectByData(const QVariant& data) {
     if (index >= 0)
         setCurrentIndex(index);
     return index >= 0;
+}
+
+void ComboBox::SetEntries(const QStringList& entries) {
+    clear();
+    // The base class would tell of the entry that it selects at once.
+    const QSignalBlocker silence(this);
+    // This model shares the names with whoever else holds them; the one of the base class copies each.
+    if (qobject_cast<QStringListModel*>(model()) == nullptr)
+        setModel(new QStringListModel(this));
+    static_cast<QStringListModel*>(model())->setStringList(entries);
+    setCurrentIndex(-1);
 }
 
 void ComboBox::RemoveEntry(int index) {
@@ -80,8 +92,7 @@ void EditableComboBox::SetEntries(const QStringList& entries) {
     const int length = int(lineEdit()->selectedText().size());
 
     isRefilling = true;
-    clear();
-    addItems(entries);
+    ComboBox::SetEntries(entries);
     setEditText(text);
     isRefilling = false;
 

@@ -14,6 +14,8 @@ public:
 
     /// Selects the first entry with this data. False if there is none; then the selection stays.
     bool SelectByData(const QVariant& data);
+    /// Replaces the entries by names without data, however many; nothing is selected.
+    void SetEntries(const QStringList& entries);
     /// Removes an entry. If it was the selected one, nothing is selected.
     void RemoveEntry(int index);
 

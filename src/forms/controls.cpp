@@ -2,6 +2,8 @@
 
 #include "forms/localize.h"
 
+#include <QAbstractItemView>
+
 QString ElementName(const QString& name, int index) {
     return name + u'(' + QString::number(index) + u')';
 }
@@ -25,6 +27,12 @@ QString CaptionOf(const QLabel& label) {
     return label.buddy() != nullptr ? FromMnemonicText(label.text()) : label.text();
 }
 
+void SetCaption(QLabel& label, const QString& caption) {
+    label.setText(label.buddy() != nullptr ? ToMnemonicText(caption) : caption);
+    if (auto* list = qobject_cast<QAbstractItemView*>(label.buddy()))
+        list->setAccessibleName(caption);
+}
+
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
     auto* button = new QPushButton(ToMnemonicText(caption), parent);
     button->setObjectName(name);
@@ -38,8 +46,13 @@ QLabel* MakeLabel(const QString& name, const QString& caption, QWidget* parent, 
     label->setTextFormat(Qt::PlainText);
     if (buddy != nullptr)
         label->setBuddy(buddy);
-    label->setText(buddy != nullptr ? ToMnemonicText(caption) : caption);
+    SetCaption(*label, caption);
     return label;
+}
+
+void ChainTabs(const std::vector<QWidget*>& controls) {
+    for (size_t i = 1; i < controls.size(); ++i)
+        QWidget::setTabOrder(controls[i - 1], controls[i]);
 }
 
 TextBox* MakeTextBox(const QString& name, int maxLength, QWidget* parent) {

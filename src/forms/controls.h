@@ -34,12 +34,18 @@ QString ToMnemonicText(const QString& caption);
 QString FromMnemonicText(const QString& text);
 /// What a label shows, whether it has a buddy or not.
 QString CaptionOf(const QLabel& label);
+/// Shows `caption`. A list or tree that is the label's buddy bears it as its name for screen readers, which
+/// other controls take from the label by themselves.
+void SetCaption(QLabel& label, const QString& caption);
 /// @}
 
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent);
 
 /// A label in plain text. With a buddy it names that control for the keyboard and for screen readers.
 QLabel* MakeLabel(const QString& name, const QString& caption, QWidget* parent, QWidget* buddy = nullptr);
+
+/// Tab goes through `controls` one after the other.
+void ChainTabs(const std::vector<QWidget*>& controls);
 
 /// `maxLength` in characters; 0 for no limit.
 TextBox* MakeTextBox(const QString& name, int maxLength, QWidget* parent);

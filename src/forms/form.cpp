@@ -2,13 +2,22 @@
 
 #include "forms/localize.h"
 
+#include <QCloseEvent>
+#include <QDrag>
+
 Form::Form(const FormServices& services, const QString& name, const QString& caption, QWidget* parent)
     : QDialog(parent)
     , services(services) {
     setObjectName(name);
     setWindowTitle(caption);
-    setAttribute(Qt::WA_DeleteOnClose);
     setWindowFlag(Qt::WindowContextHelpButtonHint, false);
+    connect(this, &QDialog::finished, this, [this] {
+        // A drag runs an event loop inside an event of one of the form's controls, and these must outlive it.
+        if (const auto* drag = findChild<QDrag*>())
+            connect(drag, &QObject::destroyed, this, &QObject::deleteLater);
+        else
+            deleteLater();
+    });
 }
 
 void Form::ShowModal() {
@@ -26,6 +35,13 @@ void Form::ShowModeless() {
 void Form::Unload() {
     // Unlike close(), this also tells of the end of a form that was never shown.
     done(Rejected);
+}
+
+void Form::closeEvent(QCloseEvent* event) {
+    const bool wasUp = isVisible();
+    QDialog::closeEvent(event);
+    if (!wasUp)
+        deleteLater(); // nobody is told that it finished
 }
 
 void Form::Localize() {

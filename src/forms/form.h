@@ -33,6 +33,8 @@ public:
     void Unload();
 
 protected:
+    void closeEvent(QCloseEvent* event) override;
+
     /// Runs all texts through the language; the last step of a form's constructor.
     void Localize();
 

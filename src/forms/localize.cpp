@@ -54,7 +54,7 @@ private:
         else if (auto* button = qobject_cast<QAbstractButton*>(control))
             SetCaption(button, Key(button));
         else if (auto* label = qobject_cast<QLabel*>(control); label != nullptr && !IsOfStatusBar(label))
-            SetLabel(label);
+            ::SetCaption(*label, language.GetLanguageText(Key(label), CaptionOf(*label)));
         else if (auto* frame = qobject_cast<QGroupBox*>(control))
             frame->setTitle(Translated(Key(frame), frame->title()));
         else if (auto* action = qobject_cast<QAction*>(control); action != nullptr && !action->isSeparator())
@@ -75,12 +75,6 @@ private:
 
     void SetCaption(QAbstractButton* button, const QString& key) {
         button->setText(Translated(key, button->text()));
-    }
-
-    void SetLabel(QLabel* label) {
-        const QString key = Key(label);
-        label->setText(label->buddy() != nullptr ? Translated(key, label->text())
-                                                 : language.GetLanguageText(key, label->text()));
     }
 
     QString Translated(const QString& key, const QString& mnemonicText) const {

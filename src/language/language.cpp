@@ -50,7 +50,7 @@ bool Language::OpenTranslationFile(const QString& folder, const QString& languag
     QFile file(FindIgnoringCase(folder, language + QStringLiteral(".tra")));
     if (file.fileName().isEmpty() || !file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
         return false;
-    const QString content = DecodeFileText(file.read(LargestFile));
+    const QString content = DecodeFileText(file.read(file.size()));
     texts.clear();
     for (QStringView line : QStringTokenizer(content, u'\n')) {
         if (line.endsWith(u'\r'))

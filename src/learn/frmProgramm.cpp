@@ -42,7 +42,10 @@ void frmProgramm::Connect() {
             [this](const QString& version) { SelectedBus.version = version.trimmed(); });
     connect(session, &Session::LearnStateReceived, this, &frmProgramm::TakeLearnState);
     connect(session, &Session::LearnWaitEnded, this, &frmProgramm::EndWait);
-    connect(session, &Session::LinkFailed, this, &frmProgramm::EndWait);
+    connect(session, &Session::LinkFailed, this, [this] {
+        Timer1->stop();
+        EndWait();
+    });
     connect(session, &Session::LinkUp, this, &frmProgramm::AskServer);
 
     connect(cmbBus, &QComboBox::currentIndexChanged, this, &frmProgramm::ChooseBusEntry);

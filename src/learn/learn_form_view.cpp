@@ -107,9 +107,9 @@ QWidget* LearnFormView::MakeStepsFrame() {
 
 QWidget* LearnFormView::MakeRemoteFrame() {
     auto* frame = MakeFrame(u"fraRemote"_s, u"Geöffnete Fernbedienung"_s, this);
-    txtCode = MakeFigure(u"txtCode"_s, frame);
     txtCommands = MakeFigure(u"txtCommands"_s, frame);
     txtTimings = MakeFigure(u"txtTimings"_s, frame);
+    txtCode = MakeFigure(u"txtCode"_s, frame);
     learnok = MakeLabel(u"learnok"_s, {}, frame);
     learnok->hide();
 

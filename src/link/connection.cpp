@@ -46,14 +46,13 @@ void Connection::Close() {
 }
 
 Connection::Sent Connection::Send(QByteArrayView bytes) {
-    if (!up)
-        return Sent::NoLink;
-    if (socket->bytesToWrite() + bytes.size() > SendBacklog)
+    if (up && socket->bytesToWrite() + bytes.size() > SendBacklog)
         return Sent::Stuck;
-    const bool isTaken = socket->write(bytes.data(), bytes.size()) == bytes.size();
+    if (!up || socket->write(bytes.data(), bytes.size()) != bytes.size())
+        return failed ? Sent::Lost : Sent::NoLink;
     // Without this the record would wait for the next turn of the event loop.
     socket->flush();
-    return isTaken ? Sent::Yes : Sent::NoLink;
+    return Sent::Yes;
 }
 
 QByteArrayView Connection::Read() {

@@ -25,6 +25,7 @@ public:
     enum class Sent {
         Yes,
         NoLink, ///< no connection stands
+        Lost,   ///< the connection has failed, which Failed is still to tell
         Stuck,  ///< the server has not taken the last SendBacklog bytes
     };
 
@@ -40,6 +41,8 @@ public:
     void Close();
 
     bool IsUp() const { return up; }
+    /// Half of what may wait waits already.
+    bool IsBehind() const { return up && socket->bytesToWrite() > SendBacklog / 2; }
 
     /// Hands `bytes` to the system in one piece.
     Sent Send(QByteArrayView bytes);

@@ -23,13 +23,6 @@ template <class List, class Page, class Value> void Store(List& list, const Page
             list[at] = value(page.elements[i]);
 }
 
-/// The index that the next request asks for; 0 if the list is complete, or if the page brings it no further.
-int NextIndex(const PageHead& head) {
-    const int next = head.Offset + head.Count;
-    const bool more = head.More != 0 && head.Offset >= 0 && head.Count > 0 && next < head.Total;
-    return more ? next : 0;
-}
-
 template <class Element> QString NameOf(const Element& element) {
     return element.name;
 }
@@ -39,6 +32,38 @@ template <class Element> QString NameOf(const Element& element) {
 void ReplyReader::Reset() {
     frames.Reset();
     isAcknowledgement = false;
+    chains.fill({});
+}
+
+void ReplyReader::ExpectList(Netcommand request) {
+    ReplyType type{};
+    switch (request) {
+    case Netcommand::ListRemotes: type = ReplyType::Remotes; break;
+    case Netcommand::ListCommands: type = ReplyType::Commands; break;
+    case Netcommand::ListTranslators: type = ReplyType::TranslatorSets; break;
+    case Netcommand::ListDatabases: type = ReplyType::DatabaseSets; break;
+    case Netcommand::ListBuses: type = ReplyType::Buses; break;
+    default: return;
+    }
+    ++chains[size_t(type)].firstPagesDue;
+}
+
+/// Whether a page of the present type is to be taken.
+bool ReplyReader::IsDue(const PageHead& head) {
+    ListChain& chain = chains[size_t(frames.Type())];
+    if (head.Offset == 0 && chain.firstPagesDue > 0) {
+        --chain.firstPagesDue;
+        return true;
+    }
+    return chain.due == 0 || head.Offset >= chain.due;
+}
+
+/// The index that the next request is to name; 0 if the list is complete, or if the page brings it no
+/// further.
+int ReplyReader::NextIndex(const PageHead& head) {
+    const int next = head.Offset + head.Count;
+    const bool more = head.More != 0 && head.Offset >= 0 && head.Count > 0 && next < head.Total;
+    return chains[size_t(frames.Type())].due = more ? next : 0;
 }
 
 void ReplyReader::Read(QByteArrayView& input) {
@@ -181,6 +206,8 @@ void ReplyReader::TakeDatabaseStatus() {
 
 void ReplyReader::TakeNames(ReplyType type, Netcommand request) {
     const auto page = TakePage<NameElement>();
+    if (!IsDue(page.head))
+        return;
     Store(session.NameList, page, NameOf<NameElement>);
     if (const int next = NextIndex(page.head)) {
         session.SendRemoteCommand(request, {}, {}, next);
@@ -194,6 +221,8 @@ void ReplyReader::TakeNames(ReplyType type, Netcommand request) {
 
 void ReplyReader::TakeBuses() {
     const auto page = TakePage<BusElement>();
+    if (!IsDue(page.head))
+        return;
     Store(session.BusList, page, [](const BusElement& bus) { return bus; });
     if (const int next = NextIndex(page.head)) {
         session.SendRemoteCommand(Netcommand::ListBuses, {}, {}, next);
@@ -206,6 +235,8 @@ void ReplyReader::TakeBuses() {
 void ReplyReader::TakeCommands() {
     using namespace ListTarget;
     const auto page = TakePage<CommandElement>();
+    if (!IsDue(page.head))
+        return;
     const int owner = session.ListOwner;
     const int next = NextIndex(page.head);
     const struct {

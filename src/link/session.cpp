@@ -25,11 +25,17 @@ Session::Session(QObject* parent)
 }
 
 void Session::Connect() {
+    Disconnect();
+    link.Open(RemoteHost, RemotePort);
+}
+
+void Session::Disconnect() {
     ++epoch;
     unread = {};
     reader.Reset();
     PendingOp = Pending::None;
-    link.Open(RemoteHost, RemotePort);
+    FlashIsDatabase = false;
+    link.Close();
 }
 
 void Session::Pass() {
@@ -53,7 +59,7 @@ void Session::Pass() {
 
 bool Session::Send(QByteArrayView bytes) {
     const auto sent = link.Send(bytes);
-    if (sent != Connection::Sent::Yes)
+    if (sent == Connection::Sent::NoLink || sent == Connection::Sent::Stuck)
         emit SendFailed(sent == Connection::Sent::Stuck ? SendFault::ServerStuck : SendFault::NoLink);
     return sent == Connection::Sent::Yes;
 }
@@ -66,7 +72,10 @@ bool Session::SendHello(qint32 value) {
 
 bool Session::SendRemoteCommand(Netcommand netcommand, const QString& remote, const QString& command,
                                 qint32 param) {
-    return Send(Encode(CommandRequest{netcommand, timeout, param, remote, command, carrier}));
+    const bool sent = Send(Encode(CommandRequest{netcommand, timeout, param, remote, command, carrier}));
+    if (sent && param == 0)
+        reader.ExpectList(netcommand);
+    return sent;
 }
 
 bool Session::SendModeCommand(const ModeRequest& request) {

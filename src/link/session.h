@@ -43,8 +43,8 @@ enum class SaveStateKind : qint32 {
 /// that say what a reply means, the finished lists, and the senders. Dialogs get it by reference; replies
 /// reach them by its signals.
 ///
-/// A sender returns at once: true if the record went out. If it didn't, SendFailed has been emitted. The
-/// answer arrives later as a signal, and nothing in it names its request.
+/// A sender returns at once: true if the record went out. If it didn't, SendFailed has been emitted, or
+/// LinkFailed is about to be. The answer arrives later as a signal, and nothing in it names its request.
 class Session : public QObject {
     Q_OBJECT
 
@@ -59,7 +59,12 @@ public:
     /// Drops the connection that stands and connects to RemoteHost. LinkUp or LinkFailed follows. Framing and
     /// the meaning of the next reply start anew.
     void Connect();
+    /// Drops the connection without a word, and what has arrived with it.
+    void Disconnect();
     bool IsUp() const { return link.IsUp(); }
+    /// Whether to send what nobody pressed a button for: a connection stands, and the server takes what is
+    /// sent. If not, a box would tell of it again and again.
+    bool CanAsk() const { return link.IsUp() && !link.IsBehind(); }
     /// @}
 
     /// @name Values that go out with every CommandRequest

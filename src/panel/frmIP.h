@@ -9,6 +9,9 @@ class frmIP : public Form {
     Q_OBJECT
 
 public:
+    /// What somebody without a server can do, in the language in force.
+    static QString HelpText(const Language& language);
+
     frmIP(const FormServices& services, QWidget* parent);
 
 private:

@@ -165,5 +165,7 @@ bool frmRemote::event(QEvent* event) {
 
 void frmRemote::closeEvent(QCloseEvent* event) {
     event->accept();
+    timStart.stop();
+    sending->Stop();
     emit Unloaded();
 }

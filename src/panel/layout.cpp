@@ -28,7 +28,7 @@ std::vector<QStringView> LinesOf(QStringView text) {
 
 } // namespace
 
-QString FindLayoutFile(const QString& programFolder) {
+QString FindLayoutFile(const QString& shippedFolder) {
 #ifdef Q_OS_WIN
     const QString folder = qEnvironmentVariable("ProgramData");
     const QString common = folder.isEmpty() ? QString() : folder + QStringLiteral("/Vantrel/Remote.lyt");
@@ -36,7 +36,7 @@ QString FindLayoutFile(const QString& programFolder) {
     const QString common =
         QStandardPaths::locate(QStandardPaths::GenericDataLocation, QStringLiteral("Vantrel/Remote.lyt"));
 #endif
-    return common.isEmpty() ? programFolder + QStringLiteral("/Remote.lyt") : common;
+    return common.isEmpty() ? shippedFolder + QStringLiteral("/Remote.lyt") : common;
 }
 
 void UnloadPanel(PanelModel& panel) {
@@ -56,7 +56,7 @@ LayoutResult LoadRemote(PanelModel& panel, const QString& path, const QString& s
     QFile file(path);
     if (!file.open(QIODevice::ReadOnly) || file.size() > LargestFile)
         return LayoutResult::NoFile;
-    const QString text = DecodeFileText(file.read(LargestFile));
+    const QString text = DecodeFileText(file.read(file.size()));
     const auto lines = LinesOf(text);
 
     const QString head = u'[' + section + u']';

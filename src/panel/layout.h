@@ -131,6 +131,6 @@ void ParseLayoutLine(PanelModel& panel, QStringView line, bool isMain);
 void UnloadPanel(PanelModel& panel);
 
 /// Where the layout file is looked for: "Vantrel/Remote.lyt" in the first folder of application data that
-/// holds it, the user's own first; if none does, "Remote.lyt" in `programFolder`. On Windows the folder is
-/// the common one.
-QString FindLayoutFile(const QString& programFolder);
+/// holds it, the user's own first; if none does, "Remote.lyt" in `shippedFolder`, which needn't hold it. On
+/// Windows the folder is the common one.
+QString FindLayoutFile(const QString& shippedFolder);

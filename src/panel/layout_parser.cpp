@@ -143,8 +143,10 @@ void MakePageButton(PanelModel& panel, const Line& line, LayoutPair pos, bool is
     const auto size = line.Pair(u"SIZE");
     PageButtonElement button;
     button.section = line.Value(u"PANEL");
-    if (!size || button.section.isEmpty())
+    if (!size || button.section.isEmpty()) {
+        line.Note(u"MOD", "a page button needs SIZE and PANEL");
         return;
+    }
     button.rect = ReadRect(panel, pos, *size, !isMain);
     button.caption = line.Value(u"TEXT");
     if (button.caption.isEmpty())
@@ -200,8 +202,10 @@ void MakeLabel(PanelModel& panel, const Line& line, LayoutPair pos, bool isMain)
     const auto size = line.Pair(u"SIZE");
     LabelElement label;
     label.caption = line.Value(u"TEXT");
-    if (!size || label.caption.isEmpty())
+    if (!size || label.caption.isEmpty()) {
+        line.Note(u"LBL", "a label needs SIZE and TEXT");
         return;
+    }
     label.rect = ReadRect(panel, pos, *size, !isMain);
     ReadFont(line, label);
     if (label.fontSize == 0)

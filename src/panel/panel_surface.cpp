@@ -127,8 +127,7 @@ void PanelSurface::OrderTabs() {
     std::stable_sort(buttons.begin(), buttons.end(), [](const QWidget* a, const QWidget* b) {
         return std::pair(a->y(), a->x()) < std::pair(b->y(), b->x());
     });
-    for (size_t i = 1; i < buttons.size(); ++i)
-        setTabOrder(buttons[i - 1], buttons[i]);
+    ChainTabs(buttons);
 }
 
 void PanelSurface::DisableCommand(int index) {

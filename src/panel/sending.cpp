@@ -7,6 +7,11 @@ namespace {
 /// Unanswered questions that are remembered. A server that never answers leaves one behind with every page.
 constexpr size_t MostChecks = 64;
 
+/// The press and the first repeat are all that a hold has out unanswered. Acknowledgements beyond that were
+/// not for it, and each would double the repeats with every round.
+constexpr int RepeatsOut = 2;
+constexpr int RepeatGap = 10; ///< milliseconds in which no more than RepeatsOut repeats go out
+
 bool IsSerial(const QString& remote) {
     return remote == u"**rs232" || remote == u"**RS232" || remote == u"**Rs232";
 }
@@ -25,11 +30,14 @@ PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* p
     , session(session)
     , panel(panel)
     , Timer(this)
-    , timIntercommand(this) {
+    , timIntercommand(this)
+    , timRepeat(this) {
     SetUp(Timer, "Timer", HoldDelay);
     SetUp(timIntercommand, "timIntercommand", CommandGap);
+    SetUp(timRepeat, "timRepeat", RepeatGap);
     connect(&Timer, &QTimer::timeout, this, &PanelSending::BeginRepeat);
     connect(&timIntercommand, &QTimer::timeout, this, &PanelSending::SendMulticommand);
+    connect(&timRepeat, &QTimer::timeout, this, &PanelSending::SendRepeats);
     connect(&session, &Session::Acknowledged, this, &PanelSending::TakeAcknowledgement);
     connect(&session, &Session::HoldRefused, this, &PanelSending::EndHold);
     // An error may stand in the place of an answer; then none will come for that question.
@@ -40,10 +48,10 @@ PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* p
     connect(&session, &Session::CommandChecked, this, &PanelSending::TakeCheck);
     // What the old connection left unanswered will not be answered by the new one.
     connect(&session, &Session::LinkUp, this, [this] {
-        EndHold();
+        Stop();
         checks.clear();
     });
-    connect(&session, &Session::LinkFailed, this, &PanelSending::EndHold);
+    connect(&session, &Session::LinkFailed, this, &PanelSending::Stop);
     Timer.start();
 }
 
@@ -83,6 +91,13 @@ void PanelSending::EndHold() {
     Timer.stop();
     HeldIndex = -1;
     RepeatIndex = -1;
+    repeatsDue = 0;
+}
+
+void PanelSending::Stop() {
+    EndHold();
+    timIntercommand.stop();
+    MultiCommands.clear();
 }
 
 void PanelSending::BeginRepeat() {
@@ -97,9 +112,21 @@ void PanelSending::TakeAcknowledgement() {
         timIntercommand.start();
         return;
     }
-    const auto slot = size_t(RepeatIndex);
-    session.SendRemoteCommand(Netcommand::RepeatCommand, panel.RemoteList[slot], panel.CommandList[slot],
-                              HeldParam);
+    repeatsDue = std::min(repeatsDue + 1, RepeatsOut);
+    SendRepeats();
+}
+
+void PanelSending::SendRepeats() {
+    if (!timRepeat.isActive() && repeatsDue > 0) {
+        repeatsLeft = RepeatsOut;
+        timRepeat.start();
+    }
+    for (; repeatsDue > 0 && repeatsLeft > 0; --repeatsLeft) {
+        --repeatsDue;
+        const auto slot = size_t(RepeatIndex);
+        session.SendRemoteCommand(Netcommand::RepeatCommand, panel.RemoteList[slot], panel.CommandList[slot],
+                                  HeldParam);
+    }
 }
 
 void PanelSending::SendMulticommand() {
@@ -119,7 +146,7 @@ void PanelSending::CheckPage() {
 
 void PanelSending::AskAbout(int slot) {
     // Nobody pressed anything, so a missing link is no news; the check runs anew when the link is back.
-    if (!session.IsUp())
+    if (!session.CanAsk())
         return;
     if (checks.size() == MostChecks)
         checks.pop_front();

@@ -8,7 +8,8 @@
 /// What happens between the press of a panel button and the records that leave: single sends, the repeats of
 /// a held button, commands in a row with their gaps, texts for a serial port, and the check of a page.
 ///
-/// Repeats never run ahead of the server: each goes out on an acknowledgement. One button is held at a time;
+/// Repeats never run ahead of the server: each goes out on an acknowledgement, and acknowledgements that
+/// nobody asked for don't make them pile up. One button is held at a time;
 /// the press of another ends the hold of the first.
 class PanelSending : public QObject {
     Q_OBJECT
@@ -25,6 +26,9 @@ public:
     /// The button is let go, or its release was lost.
     void Release();
 
+    /// Ends the hold and the row of commands. Neither outlives its connection.
+    void Stop();
+
     /// Asks the server about every button of the page in turn. An earlier check is given up.
     void CheckPage();
 
@@ -37,6 +41,7 @@ signals:
 private:
     void BeginRepeat();
     void TakeAcknowledgement();
+    void SendRepeats();
     void TakeCheck(int slot, bool known);
     void AskAbout(int slot);
     void SendMulticommand();
@@ -51,6 +56,9 @@ private:
     const PanelModel& panel;
     QTimer Timer;
     QTimer timIntercommand;
+    QTimer timRepeat;    ///< runs while the last repeats are young
+    int repeatsDue = 0;  ///< acknowledged, and not sent yet
+    int repeatsLeft = 0; ///< that may go out before timRepeat ends
     int HeldIndex = -1;
     int RepeatIndex = -1;
     qint32 HeldParam = 0;

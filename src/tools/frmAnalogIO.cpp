@@ -60,8 +60,8 @@ void frmAnalogIO::showEvent(QShowEvent* event) {
 void frmAnalogIO::Poll() {
     for (QLabel* value : lblValue)
         value->setEnabled(false);
-    // Without a link the values stay grey. A box every second would be of no help.
-    if (!services.session.IsUp())
+    // The values stay grey. A box every second would be of no help.
+    if (!services.session.CanAsk())
         return;
     services.session.carrier = AnalogCarrier;
     services.session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);

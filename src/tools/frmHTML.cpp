@@ -13,6 +13,8 @@ namespace {
 
 enum Column { Filename, Length, Date, Columns };
 
+constexpr qsizetype MostListed = Wire::TextFrameMax; ///< characters; far more than a device has room for
+
 } // namespace
 
 frmHTML::frmHTML(const FormServices& services, const StatusStore& status, QWidget* parent)
@@ -48,6 +50,7 @@ frmHTML::frmHTML(const FormServices& services, const StatusStore& status, QWidge
     column->addLayout(selection);
     column->addLayout(device);
     column->addLayout(MakeButtonRow({cmdFlash, cmdDone}));
+    ChainTabs({lstFiles, cmdAll, cmdNone, cmdRevert, cmbDevice, cmdFlash});
     // Enter in the list must not write into a device.
     cmdFlash->setDefault(false);
     resize(fontMetrics().averageCharWidth() * 72, fontMetrics().lineSpacing() * 24);
@@ -74,6 +77,9 @@ frmHTML::frmHTML(const FormServices& services, const StatusStore& status, QWidge
 }
 
 void frmHTML::FillHTMLFilelist(const QString& list) {
+    listed += list.size();
+    if (listed > MostListed)
+        return;
     QList<QTreeWidgetItem*> items;
     for (const PageProtocol::PageFile& file : PageProtocol::ParseFiles(list)) {
         auto* item = new QTreeWidgetItem({file.name, file.length, file.date});

@@ -17,6 +17,7 @@ public:
     frmHTML(const FormServices& services, const StatusStore& status, QWidget* parent);
 
 private:
+    /// Adds the files of `list`, unless lists without end have come.
     void FillHTMLFilelist(const QString& list);
     /// Gives every file the mark that `isChecked` says for its present one.
     void Check(bool (*isChecked)(bool isCheckedNow));
@@ -25,4 +26,5 @@ private:
     QTreeWidget* lstFiles;
     ComboBox* cmbDevice;
     QPushButton* cmdFlash;
+    qsizetype listed = 0; ///< characters of all lists
 };

@@ -3,6 +3,7 @@
 #include "forms/form.h"
 
 #include <QPlainTextEdit>
+#include <QTimer>
 
 /// Takes the log texts of the server. Nothing in the program shows it; it keeps the last MostLines lines.
 class frmLog : public Form {
@@ -20,6 +21,10 @@ protected:
     void resizeEvent(QResizeEvent* event) override;
 
 private:
+    void ShowPending();
+
+    QString pending; ///< came while the last text was young
+    QTimer rest;     ///< laying out a stream of texts one by one would take all the time there is
     QPlainTextEdit* txtLog;
     QPushButton* cmdClose;
 };

@@ -63,8 +63,7 @@ void TranslatorSourceControls::MakeLayout() {
 }
 
 void TranslatorSourceControls::FillRemoteCombo() {
-    cmbRemotes->clear();
-    cmbRemotes->addItems(TrimmedNames(services.session.NameList));
+    cmbRemotes->SetEntries(TrimmedNames(services.session.NameList));
     EnableAdds();
 }
 

@@ -38,8 +38,7 @@ TranslatorTargetControls::TranslatorTargetControls(const FormServices& services,
 }
 
 void TranslatorTargetControls::FillTargetCombo() {
-    cmbTarget->clear();
-    cmbTarget->addItems(TrimmedNames(services.session.NameList));
+    cmbTarget->SetEntries(TrimmedNames(services.session.NameList));
 }
 
 void TranslatorTargetControls::AskForCommands() {

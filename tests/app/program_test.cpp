@@ -152,10 +152,30 @@ private slots:
                                                                {{u"en"_s}, u"localhost"_s, true},
                                                                {{u"EN"_s}, u"localhost"_s, true},
                                                                {{u"En"_s}, u"En"_s, false}, // a host
+                                                               {{u"-h"_s, u"--help"_s}, u"-h"_s, false},
                                                                {{u" a b "_s, u"en"_s}, u" a b "_s, false}};
         for (const auto& [arguments, host, english] : rows) {
             QCOMPARE(ReadStartOptions(arguments).host, host);
             QCOMPARE(ReadStartOptions(arguments).english, english);
+            QCOMPARE(AnswerOnTerminal(arguments.value(0)), QString());
+        }
+        QVERIFY(AnswerOnTerminal(u"--help"_s).startsWith(u"Usage: calvoris "));
+        QVERIFY(AnswerOnTerminal(u"--version"_s).startsWith(u"calvoris "));
+        QCOMPARE(AnswerOnTerminal(u"--Version"_s), QString());
+    }
+
+    void ShippedFiles() {
+        // What stands beside the program, whether a folder of an installation does, and which one is taken.
+        const std::tuple<QString, bool, QString> rows[] = {{u"Remote.lyt"_s, true, u"bin"_s},
+                                                           {u"French.tra"_s, true, u"bin"_s},
+                                                           {u"Remote.txt"_s, true, u"share/calvoris"_s},
+                                                           {u"Remote.txt"_s, false, u"bin"_s}};
+        for (const auto& [beside, isInstalled, taken] : rows) {
+            ProgramRig rig{QString()};
+            const QDir root(rig.folder.path());
+            QVERIFY(root.mkdir(u"bin"_s) && (!isInstalled || root.mkpath(u"share/calvoris"_s)));
+            rig.WriteFile(u"bin/"_s + beside, {});
+            QCOMPARE(FindShippedFiles(root.filePath(u"bin"_s), u"../share/calvoris"_s), root.filePath(taken));
         }
     }
 

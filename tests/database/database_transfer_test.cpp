@@ -221,6 +221,7 @@ private slots:
         // What answers no request of the load does it no harm.
         QCOMPARE(rig.After(Raw::Ack() + Raw::Received("code") + Raw::Result(9, 0)), u"<Refused>"_s);
         QCOMPARE(rig.After(Raw::Result(9, 0) + ElementPage(1, 15, true, first)), u"49 / 12"_s);
+        QCOMPARE(rig.After(ElementPage(1, 15, true, first)), u""_s); // the same once more
         QCOMPARE(
             rig.After(ElementPage(12, 15, false, {Element(10, u"amp"_s, u"loud"_s), Element(8, u"gone"_s)})),
             u"<unknown min-remote-0,min-remote-1,min-remote-2,min-remote-3,max-remote-0,max-remote-1,"
@@ -235,6 +236,7 @@ private slots:
         rig.transfer->Load(u"two"_s);
         QCOMPARE(rig.Steps(), u"49 two/ 0"_s);
         QCOMPARE(rig.After(ElementPage(0, 9, true, {})), u"<Loaded>"_s); // brings it no further
+        QCOMPARE(rig.session.SaveState, SaveStateKind::Named);           // it wasn't the whole file
         QVERIFY(DatabaseTree::MarkedNodes(rig.tree).empty());
     }
 

@@ -89,17 +89,6 @@ class FrameReaderTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void AnyCutGivesTheSameLog() {
-        const QByteArray stream = MixedStream();
-        const Log expected = MixedLog();
-        for (qsizetype cut = 0; cut <= stream.size(); ++cut) {
-            FrameReader reader;
-            Log log = Feed(reader, stream.first(cut));
-            log += Feed(reader, stream.sliced(cut));
-            QVERIFY2(log == expected, qPrintable(QStringLiteral("cut at %1").arg(cut)));
-        }
-    }
-
     void PiecesOfAnyLengthGiveTheSameLog() {
         // One reader for all, which has to come out of every round between frames.
         FrameReader reader;

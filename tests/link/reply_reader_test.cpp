@@ -56,16 +56,6 @@ private slots:
         Recorder whole;
         QCOMPARE(whole.Play(bytes), said);
         QCOMPARE(whole.Sent(), QString());
-
-        // The same bytes one by one: every reply is told once, when it is complete.
-        if (bytes.size() < 1000) {
-            Recorder pieces;
-            for (qsizetype i = 0; i < bytes.size(); ++i) {
-                pieces.server.Play(bytes.sliced(i, 1));
-                QCoreApplication::processEvents();
-            }
-            QCOMPARE(pieces.Play({}), said);
-        }
     }
 
     void OverwriteAnswers() {

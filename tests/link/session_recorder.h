@@ -31,10 +31,11 @@ struct LinkedSession {
     Session session;
 };
 
-/// A session whose signals are written down, one line each.
-class Recorder : public LinkedSession {
+/// Writes down a session's signals, one line each.
+class SessionTrace {
 public:
-    Recorder() {
+    explicit SessionTrace(Session& traced)
+        : session(traced) {
         using namespace Qt::StringLiterals;
         using S = Session;
         On(&S::Acknowledged, [] { return u"ack"_s; });
@@ -95,6 +96,31 @@ public:
         On(&S::TextReceived, [](const QString& text) { return u"text "_s + text; });
     }
 
+    /// What it has said since it was last asked.
+    QString Said() { return std::exchange(lines, {}).join(QStringLiteral("; ")); }
+
+    ResultReply asked;
+
+protected:
+    QStringList lines;
+
+private:
+    template <class... Arguments, class Line> void On(void (Session::*signal)(Arguments...), Line line) {
+        QObject::connect(&session, signal, &session,
+                         [this, line](Arguments... arguments) { lines += line(arguments...); });
+    }
+
+    Session& session;
+};
+
+/// A session that is connected, with its trace.
+class Recorder : public LinkedSession, public SessionTrace {
+public:
+    Recorder()
+        : SessionTrace(LinkedSession::session) {}
+
+    using LinkedSession::session;
+
     /// What the session has said up to the end of `bytes`, joined with "; ".
     QString Play(const QByteArray& bytes) {
         server.Play(bytes + Raw::Log("end"));
@@ -105,18 +131,5 @@ public:
         return Said();
     }
 
-    /// What it has said since it was last asked.
-    QString Said() { return std::exchange(lines, {}).join(QStringLiteral("; ")); }
-
     QString Sent() { return SentTo(server, session); }
-
-    ResultReply asked;
-
-private:
-    template <class... Arguments, class Line> void On(void (Session::*signal)(Arguments...), Line line) {
-        QObject::connect(&session, signal, &session,
-                         [this, line](Arguments... arguments) { lines += line(arguments...); });
-    }
-
-    QStringList lines;
 };

@@ -4,6 +4,8 @@
 #include "support/suite.h"
 
 #include <QFile>
+#include <QLoggingCategory>
+#include <QRegularExpression>
 #include <QTemporaryDir>
 
 using namespace Qt::StringLiterals;
@@ -104,6 +106,18 @@ private slots:
                              !panel.windowSize && panel.PanelOffsetX == 0,
                          line);
             }
+    }
+
+    void TheLogTellsOfEveryLineThatMadeNothing() {
+        QLoggingCategory::setFilterRules(u"calvoris.layout.info=true"_s);
+        for (const QString& line :
+             {u"[SEP]0,0[END]9"_s, u"[MOD]0,0[PANEL]TV"_s, u"[MOD]0,0"_s + Size, u"[POS]0,0[TEXT]x"_s + Size,
+              u"[LBL]0,0"_s + Size, u"[LBL]0,0[TEXT]x"_s}) {
+            QTest::ignoreMessage(QtInfoMsg,
+                                 QRegularExpression(QRegularExpression::escape(line) + u" - [A-Z]+ : "_s));
+            ParseLayoutLine(panel, line, true);
+        }
+        QLoggingCategory::setFilterRules({});
     }
 
     void OneElementPerLine() {

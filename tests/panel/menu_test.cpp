@@ -45,6 +45,8 @@ private slots:
         QVERIFY(QRegularExpression(u"^Error: .+\nBrenmard läuft nicht auf dem Zielhost 127\\.0\\.0\\.1$"_s)
                     .match(rig.CurrentBox()->text())
                     .hasMatch());
+        QVERIFY(rig.CurrentBox()->informativeText().startsWith(u"Ohne Geräte: "));
+        const QString help = rig.CurrentBox()->informativeText();
         QVERIFY(!rig.Find<QDialog>("frmIP"));
         rig.AnswerBox();
         const QStringList linked{u"mnuRemote(10)"_s, u"mnuSend(10)"_s, u"mnuModus(10)"_s, u"mnuModus(11)"_s,
@@ -58,6 +60,7 @@ private slots:
         QVERIFY(form && form->isVisible() && form->isModal());
         QCOMPARE(form->windowTitle(), u" IP Adresse eingeben"_s);
         QCOMPARE(form->findChild<QLineEdit*>(u"txtIP"_s)->text(), QString());
+        QCOMPARE(form->findChild<QLabel*>(u"lblHelp"_s)->text(), help);
 
         // Refused again: the box, and behind it the form that asks once more.
         QTest::keyClicks(form->findChild<QLineEdit*>(u"txtIP"_s), u" 127.0.0.1 "_s);

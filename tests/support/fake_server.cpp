@@ -63,6 +63,13 @@ FakeServer::FakeServer() {
             client = next;
             ++connections;
             pending.clear();
+            streamsLeft = 0;
+            QObject::connect(client, &QTcpSocket::bytesWritten, &listener, [this] {
+                if (client->bytesToWrite() > 0 || streamsLeft == 0)
+                    return;
+                --streamsLeft;
+                client->write(streamed);
+            });
             if (deaf)
                 client->setReadBufferSize(1);
             else
@@ -80,6 +87,8 @@ void FakeServer::CutRecords() {
         pending.remove(0, records.back().size());
         log += Describe(records.back());
         arrivals.push_back(clock.elapsed());
+        if (answer)
+            answer(log.last());
     }
 }
 

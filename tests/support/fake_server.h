@@ -7,6 +7,7 @@
 #include <QTcpServer>
 #include <QTcpSocket>
 
+#include <functional>
 #include <vector>
 
 /// A device server that knows nothing but bytes: it keeps what it gets and plays what it is told. One client
@@ -30,6 +31,18 @@ public:
         client->write(bytes);
         client->flush();
     }
+    /// Plays `bytes` `times` times, each when the system has taken the last, so that no more than one waits
+    /// here.
+    void Stream(const QByteArray& bytes, int times) {
+        streamed = bytes;
+        streamsLeft = times - 1;
+        Play(bytes);
+    }
+    bool IsStreaming() const { return client && (streamsLeft > 0 || client->bytesToWrite() > 0); }
+
+    /// Called for each record that has come, with its words in Log.
+    std::function<void(const QString& record)> answer;
+
     /// Ends the connection in an orderly way.
     void Close() { client->disconnectFromHost(); }
     /// Ends it with a reset, if the client has sent something that a deaf server hasn't read.
@@ -57,6 +70,8 @@ private:
     quint16 port = 0;
     int connections = 0;
     QByteArray pending;
+    QByteArray streamed;
+    int streamsLeft = 0;
     QStringList log;
     std::vector<QByteArray> records;
     std::vector<qint64> arrivals;
