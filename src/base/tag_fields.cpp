@@ -9,8 +9,6 @@ QString TagField(QStringView tag, int n) {
             return {};
         tag = tag.sliced(end + 1);
     }
-    if (n < 1)
-        return {};
     const auto end = tag.indexOf(TagSeparator);
     return (end < 0 ? tag : tag.first(end)).toString();
 }

@@ -27,6 +27,21 @@ quint8 HexPair(QStringView text) {
     return quint8(text.first(qMin<qsizetype>(2, text.size())).toString().toUShort(nullptr, 16));
 }
 
+std::vector<quint16> ShortWordsOf(const EzFields& f) {
+    return {ShortForm, quint16(NumberWithin(f.number, 1, 65536) - 1), WordOf(f.value)};
+}
+
+std::vector<quint16> LongWordsOf(const EzFields& f) {
+    return {LongForm,
+            quint16(f.type + 1),
+            WordOf(f.houseCode1),
+            WordOf(f.houseCode2),
+            WordOf(f.address),
+            quint16(NumberWithin(f.longValue, 0, 255)),
+            WordOf(f.argument),
+            quint16(NumberWithin(f.repeat, 1, 65535))};
+}
+
 } // namespace
 
 const QStringList& EzTypes() {
@@ -36,21 +51,9 @@ const QStringList& EzTypes() {
 }
 
 std::optional<QString> PackEZCode(const EzFields& fields) {
-    std::vector<quint16> words;
-    if (fields.isLong) {
-        if (fields.type < 0 || fields.type >= EzTypes().size())
-            return {};
-        words = {LongForm,
-                 quint16(fields.type + 1),
-                 WordOf(fields.houseCode1),
-                 WordOf(fields.houseCode2),
-                 WordOf(fields.address),
-                 quint16(NumberWithin(fields.longValue, 0, 255)),
-                 WordOf(fields.argument),
-                 quint16(NumberWithin(fields.repeat, 1, 65535))};
-    } else {
-        words = {ShortForm, quint16(NumberWithin(fields.number, 1, 65536) - 1), WordOf(fields.value)};
-    }
+    if (fields.isLong && (fields.type < 0 || fields.type >= EzTypes().size()))
+        return {};
+    const std::vector<quint16> words = fields.isLong ? LongWordsOf(fields) : ShortWordsOf(fields);
     quint16 sum = 0;
     for (const quint16 word : words)
         sum = EZSum(sum, word);

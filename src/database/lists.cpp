@@ -40,16 +40,11 @@ void DatabaseLists::Stop() {
 }
 
 void DatabaseLists::Ask() {
-    bool sent = false;
-    switch (state) {
-    case State::Idle: return;
-    case State::Remotes: sent = session.SendRemoteCommand(Netcommand::ListRemotes, {}, {}, 0); break;
-    case State::Commands:
-        sent = session.SendRemoteCommand(Netcommand::ListCommands, remotes[remoteIndex], {}, 0);
-        break;
-    case State::Sets: sent = session.SendRemoteCommand(Netcommand::ListDatabases, {}, {}, 0); break;
-    }
-    if (!sent)
+    const bool asksCommands = state == State::Commands;
+    const Netcommand list = state == State::Remotes ? Netcommand::ListRemotes
+                            : asksCommands          ? Netcommand::ListCommands
+                                                    : Netcommand::ListDatabases;
+    if (!session.SendRemoteCommand(list, asksCommands ? remotes[remoteIndex] : QString(), {}, 0))
         Stop();
 }
 

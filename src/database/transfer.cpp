@@ -92,10 +92,16 @@ void DatabaseTransfer::Begin() {
     Await(State::GlobalOut, 0, session.SendIRDBGlobal(job.global));
 }
 
+bool DatabaseTransfer::HasGone(bool sent) {
+    if (!sent)
+        End(Outcome::LinkLost);
+    return sent;
+}
+
 /// The record with `index` as the number of its node has gone out, or hasn't.
 void DatabaseTransfer::Await(State next, int index, bool sent) {
-    if (!sent)
-        return End(Outcome::LinkLost);
+    if (!HasGone(sent))
+        return;
     state = next;
     session.PendingOp = Pending::DatabaseElement;
     session.TransferIndex = index;
@@ -130,13 +136,11 @@ IRDBElementRecord DatabaseTransfer::NextElement() {
 
 void DatabaseTransfer::SendFinal() {
     state = job.finalState;
-    if (state == State::StoreOut) {
-        if (!session.SendRemoteCommand(Netcommand::StoreDatabase, job.name, {}, qint32(session.SaveState)))
-            return End(Outcome::LinkLost);
+    if (state == State::FlashOut)
+        HasGone(session.SendRemoteCommand(Netcommand::FlashDatabase, {}, {}, job.deviceTag));
+    else if (HasGone(session.SendRemoteCommand(Netcommand::StoreDatabase, job.name, {},
+                                               qint32(session.SaveState))))
         session.SaveState = SaveStateKind::Unchanged;
-    } else if (!session.SendRemoteCommand(Netcommand::FlashDatabase, {}, {}, job.deviceTag)) {
-        End(Outcome::LinkLost);
-    }
 }
 
 bool DatabaseTransfer::Load(const QString& name) {
@@ -144,10 +148,8 @@ bool DatabaseTransfer::Load(const QString& name) {
         return false;
     strayPages = strayPages || state == State::Loading;
     GiveUp();
-    if (!session.SendRemoteCommand(Netcommand::ReadDatabase, name, {}, 0)) {
-        End(Outcome::LinkLost);
+    if (!HasGone(session.SendRemoteCommand(Netcommand::ReadDatabase, name, {}, 0)))
         return true;
-    }
     session.SaveState = SaveStateKind::Unchanged;
     DatabaseTree::ClearTags(tree);
     state = State::Loading;
@@ -198,8 +200,7 @@ void DatabaseTransfer::GoOnWith(const PageHead& head, bool more) {
     if (!more)
         return End(Outcome::Loaded);
     nextIndex = next;
-    if (!session.SendRemoteCommand(Netcommand::ReadDatabase, {}, {}, next))
-        End(Outcome::LinkLost);
+    HasGone(session.SendRemoteCommand(Netcommand::ReadDatabase, {}, {}, next));
 }
 
 void DatabaseTransfer::Place(const std::vector<IRDBElementRecord>& batch) {

@@ -82,6 +82,8 @@ private:
     void SendNext();
     void SendFinal();
     IRDBElementRecord NextElement();
+    /// Ends the chain if a request didn't go out.
+    bool HasGone(bool sent);
     void Await(State next, int index, bool sent);
     void LeaveHalfDone();
     void GiveUp();

@@ -48,11 +48,6 @@ void AddExternal(State& state, List list) {
         {External + Khz38, External + Khz56, External + Khz455, External + Plasma, External + Universal});
 }
 
-void Clear(State& state, List list) {
-    while (!state.Codes(list).empty())
-        state.RemoveEntry(list, state.Codes(list).back());
-}
-
 } // namespace
 
 std::vector<int> DesignedCodes(List list) {
@@ -96,7 +91,6 @@ QString AddedText(const State& state, List list, int code) {
 
 void FillReceiver1(State& state, quint32 capabilities, int code) {
     using namespace Receiver;
-    Clear(state, List::Receiver1);
     state.hasPlainReceivers = (state.extCapabilities & ExtCapability::InternalReceivers) == 0;
     if (state.hasPlainReceivers) {
         AddPlain(state, List::Receiver1);
@@ -114,7 +108,6 @@ void FillReceiver1(State& state, quint32 capabilities, int code) {
 
 void FillReceiver2(State& state, quint32 capabilities, quint32 extCapabilities2, int code) {
     using namespace Receiver;
-    Clear(state, List::Receiver2);
     state.hasExternalSecond = (extCapabilities2 & ExtCapability2::ExternalSecond) != 0;
     if (state.hasExternalSecond)
         state.AddEntry(List::Receiver2, Off);

@@ -51,15 +51,10 @@ void State::SetContent(Text text, const QString& content) {
 
 void State::RemoveEntry(List list, int code) {
     ListState& state = lists[size_t(list)];
-    const auto found = std::find(state.codes.begin(), state.codes.end(), code);
-    if (found == state.codes.end())
-        return;
-    const int removed = int(found - state.codes.begin());
-    if (removed == state.index)
-        state.index = -1;
-    else if (removed < state.index)
-        --state.index;
-    state.codes.erase(found);
+    const int selected = Code(list);
+    std::erase(state.codes, code);
+    const auto kept = std::find(state.codes.begin(), state.codes.end(), selected);
+    state.index = kept == state.codes.end() ? -1 : int(kept - state.codes.begin());
 }
 
 } // namespace ModusEx

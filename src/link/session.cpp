@@ -58,13 +58,10 @@ void Session::Pass() {
 }
 
 bool Session::Send(QByteArrayView bytes) {
-    switch (link.Send(bytes)) {
-    case Connection::Sent::Yes: return true;
-    case Connection::Sent::Lost: return false;
-    case Connection::Sent::NoLink: emit SendFailed(SendFault::NoLink); return false;
-    case Connection::Sent::Stuck: emit SendFailed(SendFault::ServerStuck); return false;
-    }
-    return false;
+    const auto sent = link.Send(bytes);
+    if (sent == Connection::Sent::NoLink || sent == Connection::Sent::Stuck)
+        emit SendFailed(sent == Connection::Sent::Stuck ? SendFault::ServerStuck : SendFault::NoLink);
+    return sent == Connection::Sent::Yes;
 }
 
 bool Session::SendHello(qint32 value) {

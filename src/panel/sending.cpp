@@ -101,9 +101,7 @@ void PanelSending::Stop() {
 }
 
 void PanelSending::BeginRepeat() {
-    if (HeldIndex < 0)
-        return;
-    const auto slot = size_t(HeldIndex);
+    const auto slot = size_t(HeldIndex); // the timer runs only while a button is held
     if (session.SendRemoteCommand(Netcommand::SendCommand, panel.RemoteList[slot], panel.CommandList[slot],
                                   HeldParam))
         RepeatIndex = HeldIndex;

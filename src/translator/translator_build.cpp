@@ -156,9 +156,9 @@ std::variant<TranslatorNodes, TranslatorRefusal> BuildNodes(const std::vector<Tr
                                                             const KeyedTree& tree) {
     using namespace TranslatorLimits;
     if (elements.empty())
-        return TranslatorRefusal{TranslatorRefusal::EmptySet, 0, 0, 0, {}};
+        return TranslatorRefusal{TranslatorRefusal::EmptySet};
     if (elements.size() > Elements)
-        return TranslatorRefusal{TranslatorRefusal::TooManyElements, int(elements.size()), Elements, 0, {}};
+        return TranslatorRefusal{TranslatorRefusal::TooManyElements, int(elements.size()), Elements};
     Builder builder(tree);
     for (size_t i = 0; i < elements.size(); ++i)
         if (auto refusal = builder.Take(elements[i], int(i) + 1))

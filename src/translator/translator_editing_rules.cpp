@@ -49,17 +49,12 @@ bool FallsApart(const QString& name) {
     return name.contains(TagSeparator);
 }
 
-/// The mark of a new step under a command: none, "@" for the second one, or whatever is free.
+/// The mark of a new step under a command: none, or "@" for the second one; whichever is free.
 QString FreeCommandMark(const KeyedTree& tree, const KeyedNode& command) {
-    const QStringList marks =
-        command.Children() == 1 ? QStringList{u"@"_s, QString()} : QStringList{QString(), u"@"_s};
-    for (const QString& mark : marks)
-        if (tree.Find(SendKey(mark, command.Key())) == nullptr)
-            return mark;
-    int number = command.Children();
-    while (tree.Find(SendKey(QString::number(number), command.Key())) != nullptr)
-        ++number;
-    return QString::number(number);
+    const bool isSecond = command.Children() == 1;
+    const QString mark = isSecond ? u"@"_s : QString();
+    const bool isFree = tree.Find(SendKey(mark, command.Key())) == nullptr;
+    return isFree ? mark : isSecond ? QString() : u"@"_s;
 }
 
 /// The data of a drag: names in fields that are filled up with blanks.
@@ -115,25 +110,13 @@ QString AddFromSource(KeyedTree& tree, const QString& selectedKey, TranslatorKin
     const QString container = ContainerForNew(tree, selectedKey, kind);
     if (container.isEmpty() || FallsApart(remote) || FallsApart(command))
         return {};
-    TranslatorNode node;
-    switch (kind) {
-    case TranslatorKind::Group: node = MakeGroup(container, {.remote = remote, .command = command}); break;
-    case TranslatorKind::Multi:
-        node = MakeGroup(container, {.remote = remote, .command = command, .type = TranslatorType::Multi});
-        break;
-    case TranslatorKind::Macro:
-        node = MakeReceived(kind, container,
-                            {.remote = remote, .command = command, .type = TranslatorType::Macro});
-        break;
-    case TranslatorKind::Command:
-        node = MakeReceived(kind, container, {.remote = remote, .command = command});
-        break;
-    case TranslatorKind::None:
-    case TranslatorKind::Root:
-    case TranslatorKind::Remote:
-    case TranslatorKind::Toggle:
-    case TranslatorKind::Send: return {};
-    }
+    const int type = kind == TranslatorKind::Group   ? TranslatorType::Group
+                     : kind == TranslatorKind::Multi ? TranslatorType::Multi
+                     : kind == TranslatorKind::Macro ? TranslatorType::Macro
+                                                     : TranslatorType::Command;
+    const TranslatorNode node =
+        IsReceived(kind) ? MakeReceived(kind, container, {.remote = remote, .command = command, .type = type})
+                         : MakeGroup(container, {.remote = remote, .command = command, .type = type});
     return AddNode(tree, node) ? node.key : QString();
 }
 
@@ -189,17 +172,13 @@ bool DeleteNode(KeyedTree& tree, const QString& key, int& deletedSteps) {
 }
 
 void ApplyTag(KeyedTree& tree, const QString& key, const QString& result) {
-    if (result.isEmpty() || !tree.SetTag(key, result))
-        return;
-    if (KindOf(key) == TranslatorKind::Command)
+    if (tree.SetTag(key, result) && KindOf(key) == TranslatorKind::Command)
         tree.SetImage(key, TranslatorImage(TranslatorKind::Command, ParseCommandTag(result).type));
 }
 
 void ApplySendTag(KeyedTree& tree, const QString& key, const QString& result) {
     const KeyedNode* node = tree.Find(key);
-    if (result.isEmpty() || node == nullptr)
-        return;
-    const QString& tag = node->Tag();
+    const QString tag = node != nullptr ? node->Tag() : QString();
     tree.SetTag(key,
                 QStringList{TagField(tag, 1), TagField(tag, 2), TagField(tag, 3), result}.join(TagSeparator));
 }
@@ -240,10 +219,7 @@ QString DropCommand(KeyedTree& tree, const QString& key, const DraggedCommand& d
         mark = FreeCommandMark(tree, target);
     } else {
         step.pause = SendTag::DefaultPause;
-        int number = deletedSteps + target.Children();
-        while (tree.Find(SendKey(QString::number(number), key)) != nullptr)
-            ++number;
-        mark = QString::number(number);
+        mark = QString::number(deletedSteps + target.Children());
     }
     const TranslatorNode node = MakeSend(mark, key, step);
     return AddNode(tree, node) ? node.key : QString();

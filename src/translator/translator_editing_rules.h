@@ -53,7 +53,7 @@ bool OffersDelete(TranslatorMenu menu);
 bool DeleteNode(KeyedTree& tree, const QString& key, int& deletedSteps);
 
 /// @name Properties that were edited
-/// An empty `result` means cancelled: nothing changes.
+/// Nothing changes if the node is gone.
 /// @{
 /// Of commands, macros, toggles, remotes and the root: `result` is the new tag. The image follows.
 void ApplyTag(KeyedTree& tree, const QString& key, const QString& result);

@@ -84,6 +84,7 @@ void Flattener::Add(const KeyedNode& node, const Enclosing& enclosing) {
     case TranslatorKind::Command:
     case TranslatorKind::Macro:
     case TranslatorKind::Toggle: AddReceived(node, element); break;
+    case TranslatorKind::None: // no node has such a key
     case TranslatorKind::Send: {
         const auto tag = ParseSendTag(node.Tag());
         const auto condition = ParseCondition(tag.condition).value_or(SendCondition());
@@ -96,7 +97,6 @@ void Flattener::Add(const KeyedNode& node, const Enclosing& enclosing) {
         element.ElementIOValue = quint8(condition.value);
         break;
     }
-    case TranslatorKind::None: return;
     }
     elements.push_back(std::move(element));
 }
@@ -134,10 +134,10 @@ void Flattener::Limit(TranslatorRefusal::Reason reason, const KeyedNode& node, i
 std::optional<TranslatorRefusal> Flattener::Refusal() const {
     using namespace TranslatorLimits;
     const TranslatorRefusal totals[] = {
-        {TranslatorRefusal::TooManyElements, int(elements.size()), Elements, 0, {}},
-        {TranslatorRefusal::TooManyRemotes, remotes, Remotes, 0, {}},
-        {TranslatorRefusal::TooManyGroups, groups, Groups, 0, {}},
-        {TranslatorRefusal::TooManyMultis, multis, Multis, 0, {}},
+        {TranslatorRefusal::TooManyElements, int(elements.size()), Elements},
+        {TranslatorRefusal::TooManyRemotes, remotes, Remotes},
+        {TranslatorRefusal::TooManyGroups, groups, Groups},
+        {TranslatorRefusal::TooManyMultis, multis, Multis},
     };
     for (const TranslatorRefusal& total : totals)
         if (total.count > total.limit)
@@ -152,7 +152,7 @@ std::variant<std::vector<TranslatorRequest>, TranslatorRefusal> FlattenTree(cons
     Flattener flattener(includeNames);
     const KeyedNode* root = tree.Find(TranslatorRootKey);
     if (root == nullptr)
-        return TranslatorRefusal{TranslatorRefusal::EmptySet, 0, 0, 0, {}};
+        return TranslatorRefusal{TranslatorRefusal::EmptySet};
     flattener.Walk(*root, {});
     if (auto refusal = flattener.Refusal())
         return *std::move(refusal);

@@ -38,11 +38,10 @@ QString PatternOf(const Language& language, TranslatorRefusal::Reason reason) {
                                         u"Element %e des Satzes (%n) hat einen \\ im Namen."_s);
     case TranslatorRefusal::EmptySet:
         return language.GetLanguageText(u"frmTranslator.EmptySet"_s, u"Der Satz ist leer."_s);
-    case TranslatorRefusal::PagesMissing:
-        return language.GetLanguageText(u"frmTranslator.PagesMissing"_s,
-                                        u"Der Satz ist unvollständig: Nach Element %e kommt nichts mehr."_s);
+    case TranslatorRefusal::PagesMissing: break;
     }
-    return {};
+    return language.GetLanguageText(u"frmTranslator.PagesMissing"_s,
+                                    u"Der Satz ist unvollständig: Nach Element %e kommt nichts mehr."_s);
 }
 
 } // namespace

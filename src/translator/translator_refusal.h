@@ -33,13 +33,11 @@ struct TranslatorRefusal {
         PagesMissing, ///< the server says that more follows, and sends nothing
     };
 
-    Reason reason{};
+    Reason reason;
     int count = 0;
     int limit = 0;
     int element = 0;
-    QString name;
-
-    bool operator==(const TranslatorRefusal&) const = default;
+    QString name{};
 };
 
 /// What to tell the user.

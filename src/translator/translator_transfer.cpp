@@ -51,8 +51,13 @@ void TranslatorTransfer::Begin(State sending, bool withNames) {
     state = sending;
     if (state == State::Storing)
         session.SaveOwner = SaveOwnerKind::Translator;
-    if (!SendElement(0))
+    HasGone(SendElement(0));
+}
+
+bool TranslatorTransfer::HasGone(bool sent) {
+    if (!sent)
         Fail(Outcome::LinkLost);
+    return sent;
 }
 
 bool TranslatorTransfer::SendElement(int index) {
@@ -66,11 +71,8 @@ void TranslatorTransfer::TakeElementTaken(qint32 next) {
     if (!IsSending() || next != current + 1)
         return;
     const int total = int(elements.size());
-    const bool sent = next < total ? SendElement(next) : SendRequest();
-    if (sent)
+    if (HasGone(next < total ? SendElement(next) : SendRequest()))
         emit Progress(next, total);
-    else
-        Fail(Outcome::LinkLost);
 }
 
 /// The request that follows the last element.
@@ -80,10 +82,11 @@ bool TranslatorTransfer::SendRequest() {
         return session.SendRemoteCommand(Netcommand::FlashTranslator, {}, {}, deviceTag);
     }
     state = State::StoreAsked;
-    if (!session.SendRemoteCommand(Netcommand::StoreTranslator, name, {}, qint32(session.SaveState)))
-        return false;
-    session.SaveState = SaveStateKind::Unchanged;
-    return true;
+    const bool sent =
+        session.SendRemoteCommand(Netcommand::StoreTranslator, name, {}, qint32(session.SaveState));
+    if (sent)
+        session.SaveState = SaveStateKind::Unchanged;
+    return sent;
 }
 
 void TranslatorTransfer::TakeAcknowledgement() {
@@ -124,10 +127,8 @@ void TranslatorTransfer::Load(const QString& setName) {
     GiveUp();
     state = State::Loading;
     pagesAwaited = earlier + 1;
-    if (session.SendRemoteCommand(Netcommand::ReadTranslator, setName, {}, 0))
+    if (HasGone(session.SendRemoteCommand(Netcommand::ReadTranslator, setName, {}, 0)))
         session.SaveState = SaveStateKind::Unchanged;
-    else
-        Fail(Outcome::LinkLost);
 }
 
 void TranslatorTransfer::TakePage(const ListPage<TranslatorRequest>& page) {
@@ -143,15 +144,13 @@ void TranslatorTransfer::TakePage(const ListPage<TranslatorRequest>& page) {
     const int count = int(elements.size());
     const int total = std::max<int>(head.Total, count);
     if (total > TranslatorLimits::Elements)
-        return Refuse({TranslatorRefusal::TooManyElements, total, TranslatorLimits::Elements, 0, {}});
+        return Refuse({TranslatorRefusal::TooManyElements, total, TranslatorLimits::Elements});
     if (head.More == 0)
         return Fill();
     if (page.elements.empty())
-        return Refuse({TranslatorRefusal::PagesMissing, 0, 0, count, {}});
-    if (session.SendRemoteCommand(Netcommand::ReadTranslator, {}, {}, count))
+        return Refuse({TranslatorRefusal::PagesMissing, 0, 0, count});
+    if (HasGone(session.SendRemoteCommand(Netcommand::ReadTranslator, {}, {}, count)))
         emit Progress(count, total);
-    else
-        Fail(Outcome::LinkLost);
 }
 
 void TranslatorTransfer::Fill() {

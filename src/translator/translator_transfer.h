@@ -67,6 +67,8 @@ private:
     void Begin(State sending, bool withNames);
     bool SendElement(int index);
     bool SendRequest();
+    /// Ends the chain if a request didn't go out.
+    bool HasGone(bool sent);
     void TakeElementTaken(qint32 next);
     void TakeAcknowledgement();
     void TakeError();

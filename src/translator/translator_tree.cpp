@@ -20,17 +20,21 @@ constexpr int PrefixLength = 3;
 constexpr struct {
     TranslatorKind kind;
     QStringView prefix;
-} Prefixes[] = {
-    {TranslatorKind::Root, u"CON"},   {TranslatorKind::Remote, u"REM"},  {TranslatorKind::Group, u"GRP"},
-    {TranslatorKind::Multi, u"MUL"},  {TranslatorKind::Command, u"RCV"}, {TranslatorKind::Macro, u"MAC"},
-    {TranslatorKind::Toggle, u"TOG"}, {TranslatorKind::Send, u"SND"},
+    QStringView image;
+} Kinds[] = {
+    {TranslatorKind::Root, u"CON", u"Config"},        {TranslatorKind::Remote, u"REM", u"Remote"},
+    {TranslatorKind::Group, u"GRP", u"Group"},        {TranslatorKind::Multi, u"MUL", u"Multi"},
+    {TranslatorKind::Command, u"RCV", u"CommandRcv"}, {TranslatorKind::Macro, u"MAC", u"Macro"},
+    {TranslatorKind::Toggle, u"TOG", u"Toggle"},      {TranslatorKind::Send, u"SND", u"CommandSnd"},
 };
 
+/// In the order of the enumerators, of which None has no row.
+const auto& RowOf(TranslatorKind kind) {
+    return Kinds[size_t(kind) - 1];
+}
+
 QString PrefixOf(TranslatorKind kind) {
-    for (const auto& row : Prefixes)
-        if (row.kind == kind)
-            return row.prefix.toString();
-    return {};
+    return RowOf(kind).prefix.toString();
 }
 
 /// Flags of a new root: everything is forwarded translated.
@@ -39,7 +43,7 @@ constexpr int NewRootFlags = 2 | 8;
 } // namespace
 
 TranslatorKind KindOf(QStringView key) {
-    for (const auto& row : Prefixes)
+    for (const auto& row : Kinds)
         if (key.startsWith(row.prefix))
             return row.kind;
     return TranslatorKind::None;
@@ -94,19 +98,8 @@ QString TranslatorText(const QString& remote, const QString& command) {
 }
 
 QString TranslatorImage(TranslatorKind kind, int type) {
-    switch (kind) {
-    case TranslatorKind::Root: return u"Config"_s;
-    case TranslatorKind::Remote: return u"Remote"_s;
-    case TranslatorKind::Group: return u"Group"_s;
-    case TranslatorKind::Multi: return u"Multi"_s;
-    case TranslatorKind::Macro: return u"Macro"_s;
-    case TranslatorKind::Toggle: return u"Toggle"_s;
-    case TranslatorKind::Send: return u"CommandSnd"_s;
-    case TranslatorKind::Command:
-        return type == TranslatorType::Accelerated ? u"Volumemacro"_s : u"CommandRcv"_s;
-    case TranslatorKind::None: break;
-    }
-    return {};
+    const bool isAccelerated = kind == TranslatorKind::Command && type == TranslatorType::Accelerated;
+    return isAccelerated ? u"Volumemacro"_s : RowOf(kind).image.toString();
 }
 
 TranslatorNode MakeRoot(const ContainerTag& tag) {

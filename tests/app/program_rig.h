@@ -2,8 +2,7 @@
 
 #include "app/program.h"
 
-#include "support/fake_server.h"
-#include "support/suite.h"
+#include "link/session_recorder.h"
 
 #include <QFile>
 #include <QPushButton>
@@ -18,16 +17,6 @@ inline void PlayTo(FakeServer& server, Session& session, const QByteArray& bytes
     server.Play(bytes + Raw::Log("read"));
     QVERIFY(QTest::qWaitFor([&] { return read; }));
     QObject::disconnect(watch);
-}
-
-/// All that the server has got up to now.
-inline QString SentTo(FakeServer& server, Session& session) {
-    session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
-    if (!QTest::qWaitFor([&] { return server.Log().endsWith(u"60 / 0"); }))
-        return QStringLiteral("the server got nothing");
-    QString log = server.TakeLog();
-    log.chop(log.contains(u';') ? 8 : 6);
-    return log;
 }
 
 /// The whole program with its main window, a layout of its own and a server.

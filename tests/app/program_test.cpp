@@ -62,23 +62,6 @@ private slots:
         }
     }
 
-    void OverwriteQuestion() {
-        ProgramRig rig(Layout);
-        rig.BringUp();
-        for (const bool isConfirmed : {true, false}) {
-            QSignalSpy saves(&rig.Link(), &Session::SaveConfirmed);
-            rig.Link().SaveState = {};
-            rig.Link().SaveOwner = SaveOwnerKind::Translator;
-            rig.Play(Raw::Result(35, 0));
-            QCOMPARE(int(rig.Link().SaveState), 0);
-            const auto answer = isConfirmed ? QMessageBox::Ok : QMessageBox::Cancel;
-            QTest::mouseClick(rig.CurrentBox()->button(answer), Qt::LeftButton);
-            QCOMPARE(int(rig.Link().SaveState), isConfirmed ? 2 : 1);
-            QCOMPARE(saves.size(), isConfirmed ? 1 : 0);
-            QVERIFY(!rig.CurrentBox());
-        }
-    }
-
     void AThousandErrors() {
         ProgramRig rig(Layout);
         rig.BringUp();
@@ -127,6 +110,9 @@ private slots:
         QVERIFY(log->toPlainText().contains(u"<b>two</b>"_s));
         rig.Play((Raw::Log(QByteArray(30'000, 'x')) + Raw::Log("\n").repeated(300)).repeated(20));
         QVERIFY(log->document()->characterCount() < 450'000);
+        log->window()->show();
+        log->window()->resize(900, 500);
+        QCOMPARE(log->width(), 900 - 420 / 15);
     }
 
     void OtherFaultsLeaveThePanel() {
@@ -159,17 +145,6 @@ private slots:
         QCOMPARE(ended.size(), 0);
         rig.AnswerBox();
         QCOMPARE(ended.size(), 1);
-    }
-
-    void StatusRequests() {
-        ProgramRig rig(Layout);
-        rig.BringUp();
-        for (const char* entry : {"mnuModus(10)", "mnuModus(13)", "mnuModus(14)", "mnuModus(15)"}) {
-            rig.Link().PendingOp = Pending::None;
-            rig.Action(entry)->trigger();
-            QCOMPARE(rig.Link().PendingOp, Pending::Status);
-            QCOMPARE(rig.Sent(), u"69 / 0"_s);
-        }
     }
 
     void StartOptions() {

@@ -84,6 +84,7 @@ private slots:
         QVERIFY(tree.SetBold(u"C"_s, true));
         QVERIFY(!tree.SetTag(u"c"_s, u"A0"_s));
         QCOMPARE(changes.size(), 4);
+        QVERIFY(!tree.index(1, 0).isValid() && !tree.data({}, Qt::DisplayRole).isValid());
         QCOMPARE(index.data(), u"on [+]"_s);
         QCOMPARE(index.data(Qt::UserRole), u"C"_s);
         QCOMPARE(index.data(Qt::UserRole + 1), u"A0"_s);

@@ -91,6 +91,9 @@ private slots:
         tag.groups[1] = {{1, 80, true, false, true, true}, true, u"00 00 01 AB 06 00 07 00 "_s};
         tag.groups[2] = {{}, true, u"00 00 02 AB 0C 00 01 00 02 00 03 00 FF 01 05 00 00 00"_s};
         tag.groups[3] = tag.groups[1];
+        tag.groups[0] = {{0, 7042, false, true, false, false},
+                         true,
+                         u"FD AB 02 AB 00 00 01 00 02 00 03 00 FF 00 00 00 01 00"_s}; // of no known type
         auto* form = Action(tag.Format());
         tag.groups[1] = {{1, 7042, false, true, false, true}, true, u"0E AB 01 AB 06 00 07 00"_s};
         tag.groups[2] = {{0, 7042, false, true, false, false},
@@ -116,6 +119,7 @@ private slots:
         row("G6.05.10 2 chkEZ chkEZ", u"8r ipdua2best/ub"_s);
         row("G6.05.10 3 chkEZ", u"8r ipd2bst/d"_s);
         row("E5.05.07 0 chkDefault chkEZ", u"1! 2bst/d"_s);
+        row("E5.08.10 2", u"3r ipd2best/d"_s);
         row("S6.03.10 0 chkDefault chkUDP", u"2 d2bst/"_s);
         row("S6.03.10 1 chkDefault", u"2 2bst/d"_s);
         row("S6.03.10 0 =chkEZ", u"2 2sz/ube"_s);
@@ -212,7 +216,9 @@ private slots:
 
     void RemoteControls() {
         for (const bool hasTarget : {true, false}) {
-            auto* form = Remote(u"000000000000000000111"_s, hasTarget);
+            auto* form = Remote(u"010000000000000000111"_s, hasTarget);
+            QCOMPARE(Find<TextBox>(form, u"txtIP(0)"_s)->text() + Find<TextBox>(form, u"txtIP(3)"_s)->text(),
+                     u"010"_s);
             for (const char* name : {"Label1", "txtIP(0)", "txtIP(3)", "Label2", "txtPort", "chkDefault"})
                 QCOMPARE(Find<QWidget>(form, QString::fromLatin1(name))->isEnabled(), hasTarget);
             for (const bool isDefault : {true, false}) {
@@ -225,7 +231,7 @@ private slots:
             Find<TextBox>(form, u"txtAction"_s)->insert(QString(60, u'x'));
             Find<TextBox>(form, u"txtIP(1)"_s)->insert(u"777"_s);
             Find<TextBox>(form, u"txtPort"_s)->insert(u"65536"_s);
-            QCOMPARE(Accepted(form), u"000255000000655350001"_s + QString(50, u'x'));
+            QCOMPARE(Accepted(form), u"010255000000655350001"_s + QString(50, u'x'));
         }
     }
 

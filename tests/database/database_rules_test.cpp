@@ -19,12 +19,6 @@ QString Letters(std::initializer_list<std::pair<char, bool>> flags) {
     return letters;
 }
 
-/// What a tag makes of the dialog, and the dialog of a tag.
-QString Reedited(const QString& tag) {
-    auto values = ActionDialog::FromTag(tag);
-    return ActionDialog::ActionResult(values);
-}
-
 } // namespace
 
 class DatabaseRulesTest : public QObject {
@@ -125,6 +119,7 @@ private slots:
         DatabaseTree::TakeActionResult(tree, command.Key(), u"0"_s + action.sliced(1));
         QCOMPARE(command.Text(), u"on [+]"_s);
         QCOMPARE(remote.Tag(), u"000000000000000010000x"_s);
+        DatabaseTree::SetTag(tree, u"Rgone"_s, action);
         DatabaseTree::ClearTags(tree);
         QVERIFY(DatabaseTree::MarkedNodes(tree).empty());
     }
@@ -191,121 +186,8 @@ private slots:
         values.pages[7].isDefault = false;
         QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
         values = {};
-        values.pages[1].address = {{u"999"_s, u""_s, u"0"_s, u"255"_s}, u"70000"_s};
-        const QString tag = ActionDialog::ActionResult(values);
-        QCOMPARE(values.pages[1].address, (AddressTexts{{u"255"_s, u""_s, u"0"_s, u"255"_s}, u"65535"_s}));
-        QCOMPARE(tag.sliced(27, 17), u"25500000025565535"_s);
-        QCOMPARE(ActionDialog::FromTag(tag).pages[1].address,
-                 (AddressTexts{{u"255"_s, u"0"_s, u"0"_s, u"255"_s}, u"65535"_s}));
-        QCOMPARE(ActionDialog::FromTag(tag).pages[0].address, AddressTexts());
-    }
-
-    /// An EZ message shows as fields on the pages that have them, as binary text on the others.
-    void EzPagesOfTheActionDialog() {
-        const QString message = u"02 AB 01 AB 00 00 01 00"_s;
-        ActionTag tag;
-        tag.groups[2] = {{0x01020304, 7042, false, true, false, false}, true, message + u' '};
-        tag.groups[3] = tag.groups[2];
-        auto values = ActionDialog::FromTag(tag.Format());
-        QVERIFY(values.pages[2].ez);
-        QCOMPARE(values.pages[2].fields.number, u"1"_s);
-        QVERIFY(!values.pages[3].ez);
-        tag.groups[2].text = message;
-        QCOMPARE(ActionDialog::ActionResult(values), tag.Format());
-        values.pages[2].fields.isLong = true; // no type is selected: the text stays
-        QCOMPARE(ActionDialog::ActionResult(values), tag.Format());
-        tag.groups[2].text = u"02 AB 01 AA 00 00 01 00 "_s;
-        QCOMPARE(Reedited(tag.Format()), tag.Format());
-
-        ActionDialog::Page page;
-        page.text = u"plain"_s;
-        page.aux = page.ez = true;
-        ActionDialog::EzClicked(page);
-        ActionDialog::Page expected;
-        expected.ez = expected.binary = expected.udp = true;
-        expected.isDefault = false;
-        expected.address.port = u"7042"_s;
-        QCOMPARE(page, expected);
-    }
-
-    /// Pages that remain, with "!" if there are no tabs; then of pages 0 to 2 what is enabled: (i)p and port,
-    /// chk(D)efault, (u)dp and aux once the default is off, (e)z.
-    void CutsByTheDevice_data() {
-        QTest::addColumn<QString>("cuts");
-        QTest::newRow("E5.05.07") << u"1! - iDue iDue"_s;
-        QTest::newRow("E5.08.10") << u"3 iDue iDue iDue"_s;
-        QTest::newRow("E5.08.25") << u"8 iDue iDue iDue"_s;
-        QTest::newRow("S5.05.08") << u"1! - iDue iDue"_s;
-        QTest::newRow("S6.03.10") << u"2 D - iDue"_s;
-    }
-    void CutsByTheDevice() {
-        const QString version = QString::fromLatin1(QTest::currentDataTag());
-        const auto cuts = ActionDialog::CutsOf(DatabaseDevice::ControlsOf(version, false));
-        QString text = QString::number(cuts.pages) + (cuts.hasTabs ? u""_s : u"!"_s);
-        ActionDialog::Page page;
-        page.isDefault = false;
-        for (int g = 0; g < 3; ++g) {
-            const auto c = ActionDialog::ControlsOf(page, cuts, g);
-            QCOMPARE(c.ip, c.port);
-            QCOMPARE(c.udp, c.aux);
-            const QString letters = Letters({{'i', c.ip}, {'D', c.isDefault}, {'u', c.udp}, {'e', c.ez}});
-            text += u' ' + (letters.isEmpty() ? u"-"_s : letters);
-        }
-        QTEST(text, "cuts");
-        QCOMPARE(cuts.lastRelay, version >= u"E5.08.10" && version < u"S");
-    }
-
-    void ControlsOfAPage() {
-        const auto controls = [](bool isDefault, bool ez, int number) {
-            ActionDialog::Page page;
-            page.isDefault = isDefault;
-            page.ez = ez;
-            const auto c = ActionDialog::ControlsOf(page, {}, number);
-            return Letters({{'i', c.ip},
-                            {'p', c.port},
-                            {'D', c.isDefault},
-                            {'u', c.udp},
-                            {'b', c.binary},
-                            {'e', c.ez},
-                            {'f', c.showsEz}});
-        };
-        QCOMPARE(controls(true, false, 0), u"ipDbe"_s);
-        QCOMPARE(controls(false, false, 2), u"ipDube"_s);
-        QCOMPARE(controls(false, true, 2), u"ief"_s);
-        QCOMPARE(controls(false, false, 3), u"ipDub"_s);
-    }
-
-    void TypedActions() {
-        for (const QString& good : {u""_s, u"AB 0"_s, u"  1  FF"_s})
-            QVERIFY(ActionDialog::IsBinaryText(good));
-        for (const QString& bad : {u"ABC"_s, u"ab"_s, u"1\t2"_s, u"G"_s})
-            QVERIFY(!ActionDialog::IsBinaryText(bad));
-        ActionDialog::Page page;
-        page.text = QString(765, u'0');
-        QCOMPARE(ActionDialog::TextLimit(page), 255);
-        page.binary = true;
-        QCOMPARE(ActionDialog::TextLimit(page), 765);
-    }
-
-    void PropertiesOfARemote() {
-        const QString tag = u"010000000200"
-                            "00080"
-                            "0111"
-                            "text"_s;
-        auto values = RemoteDialog::FromTag(tag);
-        QCOMPARE(values,
-                 (RemoteDialog::Values{
-                     {{u"010"_s, u""_s, u""_s, u"200"_s}, u"00080"_s}, false, true, true, true, u"text"_s}));
-        QCOMPARE(RemoteDialog::ToTag(values), tag);
-        values.address = {{u"256"_s, u"7"_s, u""_s, u""_s}, u"65536"_s};
-        values.isDefault = true;
-        RemoteDialog::DefaultClicked(values);
-        QCOMPARE(RemoteDialog::ToTag(values), u"255007000000"
-                                              "65535"
-                                              "1001"
-                                              "text"_s);
-        QCOMPARE(values.address.ip[0] + values.address.port, u"25565535"_s);
-        QCOMPARE(RemoteDialog::FromTag(u"00"_s), RemoteDialog::Values());
+        values.pages[7].text = u"x"_s;
+        QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
     }
 };
 

@@ -2,19 +2,10 @@
 
 #include "forms/form.h"
 
-#include "support/fake_server.h"
-#include "support/suite.h"
+#include "link/session_recorder.h"
 
 /// What a form needs, with a session that is connected to a server that keeps all bytes.
-struct DeviceRig {
-    DeviceRig() {
-        session.RemoteHost = FakeServer::Host();
-        session.RemotePort = server.Port();
-        session.Connect();
-        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
-            qFatal("no connection");
-    }
-
+struct DeviceRig : LinkedSession {
     /// The next record that the server got; empty if none came.
     QByteArray TakeRecord() {
         const bool hasCome = QTest::qWaitFor([this] { return server.Records() > 0; });
@@ -23,8 +14,6 @@ struct DeviceRig {
         return record;
     }
 
-    FakeServer server;
-    Session session;
     Language language;
     Boxes boxes{language};
     FormServices services{session, language, boxes};

@@ -81,6 +81,7 @@ private slots:
             u"V10.3<D10.3: Firmware Version: E5.19.07"_s,
         };
         QCOMPARE(NodesOf(tree), expected);
+        QVERIFY(FindDevice(buses, {0, 3}) != nullptr && FindDevice(buses, {0, 4}) == nullptr);
         KeyedTree empty;
         FillDeviceTree(empty, {}, Language());
         QCOMPARE(NodesOf(empty), QStringList(u"ROOT<: IR Devices"_s));

@@ -88,59 +88,26 @@ private slots:
             QVERIFY2(uses > 0, reason);
     }
 
-    /// Records by hand: a device with a bus, one with a display, one in the network.
-    void GoldenRecords() {
+    void WhatADeviceShows() {
         DeviceEntry bus = Device(0x00205806, 0x00004900);
-        bus.Mode = 0xD7;     // 0, 1, 2, 4, bus speed, repeat on the bus
-        bus.ExtMode = 0xA9;  // both LEDs in and off, second receiver, self repeat, no sorting
-        bus.ExtMode2 = 0xBD; // tolerance 5, long repeats, frame length, 19200 less, RTS/CTS
-        bus.ExtFlags = 0x10; // and so 57600 or 115200
-        bus.Receivers = 0x52;
-        bus.ReceiveTimeout = 0x78;
-        bus.ReceiveTiming = 0x6B; // idle 3, bus 9600, filter 3
-        bus.CodeFlags = 0x75;
-        bus.ToggleConfig = 0x91; // position 16, two bits
-        bus.IOFlags = 0x01;
-        bus.SendMask = 0x8001;
-        bus.HotRemote = u"tv"_s;
-        bus.HotCommand = u"on"_s;
-        bus.HotRemote2 = u"hifi"_s;
-        bus.HotCommand2 = QByteArray("off").leftJustified(20, '\0');
-        const State state = FillSetModusEx(bus);
+        bus.Mode = 0x40;
+        bus.ReceiveTiming = 0x08;
+        bus.ExtMode2 = 0x20;
+        bus.ExtFlags = 0x10;
+        bus.ToggleConfig = 0x91;
+        State state = FillSetModusEx(bus);
         QCOMPARE(state.Index(List::SBUS), 2);
         QCOMPARE(state.Content(Text::Toggle), u"16"_s);
         QCOMPARE(state.Index(List::Baudrate), -1); // 3 - 1 + 4: an entry that isn't there
-        bus.ExtMode2 = 0xDD;
-        const QByteArray sent = Encode(PackSetModusEx(FillSetModusEx(bus), 0x0A03));
-        QCOMPARE(Hex(sent.first(12)), u"46 d7 00 00 03 0a 00 00 d2 00 00 00"_s);
-        QCOMPARE(sent.sliced(12, 80), QByteArray("tv") + '\0' + QByteArray(77, ' '));
-        QCOMPARE(sent.sliced(92, 20), QByteArray("on") + '\0' + QByteArray(17, ' '));
-        QCOMPARE(sent.sliced(112, 80), QByteArray("hifi") + '\0' + QByteArray(75, ' '));
-        QCOMPARE(sent.sliced(192, 20), QByteArray("off") + '\0' + QByteArray(16, ' '));
-        QCOMPARE(Hex(sent.sliced(212)), u"01 80 00 00 a9 dd 00 00 00 00 00 00 52 78 6b 75 91 01 00 10"_s);
-
-        DeviceEntry display = Device(0x80);
-        display.Version = u"F5.20.01"_s;
-        display.SendMask = 0x0000031A; // YYYY/MM/DD, 12 hours, active 2, inactive off
-        QCOMPARE(SettingsOf(PackSetModusEx(FillSetModusEx(display), 3)),
-                 u"00 1a 03 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
 
         DeviceEntry network = Device(0x01200094, 0x80180000);
         network.Version = u"W6.04.42"_s;
-        network.HotRemote = u"tv"_s;
         network.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
         network.HotCommand2 = QByteArray::fromHex("0a0b0c9d8eff").leftJustified(20, '\0');
-        network.SerialFlags = 0x96;
-        network.ExtMode2 = 0x60;
-        network.ExtFlags = 0x02;
-        const State waking = FillSetModusEx(network);
-        QCOMPARE(waking.Content(Text::MAC), u"0A-0B-0C-9D-8E-FF"_s);
+        state = FillSetModusEx(network);
+        QCOMPARE(state.Content(Text::MAC), u"0A-0B-0C-9D-8E-FF"_s);
         for (const Text text : {Text::Hotremote, Text::Hotcommand, Text::Hotremote2, Text::Hotcommand2})
-            QVERIFY(!waking.IsEnabled(text));
-        const QByteArray wakingSent = Encode(PackSetModusEx(waking, 3));
-        QCOMPARE(Hex(wakingSent.sliced(218)), u"0a 0b 0c 9d 8e ff 02 1e 00 00 00 00 96 02"_s);
-        QCOMPARE(wakingSent.sliced(12, 3), QByteArray("tv") + '\0');
-        QCOMPARE(wakingSent.sliced(112, 80), QByteArray("_") + '\0' + QByteArray(78, ' '));
+            QVERIFY(!state.IsEnabled(text));
     }
 
     void Texts_data() {
@@ -222,28 +189,6 @@ private slots:
         QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"00 00 00 00 00 00 00 02 1e 18 00 00 00 00 04"_s);
         state.Select(List::IO, 0);
         QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"40 01 00 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
-    }
-
-    /// What the fill selects runs the rule of the connector as a hand does: unchanged, this goes out.
-    void ClicksOfTheFill() {
-        const std::tuple<quint32, quint32, int, int, int, QString> rows[] = {
-            // An inversion without an input.
-            {0x2, 0x4000, 0, 0, 4, u"00 05 00 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
-            // A speed that can't be chosen.
-            {0x1002, 0, 0x40, 0x08, 0, u"40 05 00 00 00 00 00 02 1e 08 00 00 00 00 00"_s},
-            // A relay that is off: on a device without a bus, with one, and beside an input.
-            {0, 0x02000000, 0, 0, 0, u"40 ff ff 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
-            {0x2, 0x02000000, 0, 0, 0, u"00 05 00 00 00 00 00 02 1e 00 00 00 00 00 00"_s},
-            {0x1002, 0x02004000, 0, 0x10, 0, u"40 ff ff 00 00 00 00 02 1e 18 00 00 00 00 00"_s},
-        };
-        for (const auto& [capabilities, extCapabilities, mode, timing, extFlags, sent] : rows) {
-            DeviceEntry entry = Device(capabilities, extCapabilities);
-            entry.Mode = quint8(mode);
-            entry.ReceiveTiming = quint8(timing);
-            entry.ExtFlags = quint8(extFlags);
-            entry.SendMask = 0x0005;
-            QCOMPARE(SettingsOf(PackSetModusEx(FillSetModusEx(entry), 0)), sent);
-        }
     }
 
     void ARelayInPlaceOfTheBus() {
@@ -424,17 +369,6 @@ private slots:
             entry.SendMask = quint32(PackSetModusEx(state, 0).SendMask);
             QCOMPARE(int(entry.SendMask), numbers[index]);
             QCOMPARE(FillSetModusEx(entry).Index(List::Date), index);
-        }
-    }
-
-    void FirmwareThreshold() {
-        DeviceEntry entry = Device();
-        for (const auto& [version, isFrom] : {std::pair{u"V6.04.42"_s, false},
-                                              {u"V6.04.43"_s, true},
-                                              {u"V10.00.00"_s, false},
-                                              {u"V7"_s, true}}) {
-            entry.Version = version;
-            QCOMPARE(FillSetModusEx(entry).IsEnabled(Box::XLong), isFrom);
         }
     }
 };

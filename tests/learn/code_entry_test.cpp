@@ -7,15 +7,13 @@
 using namespace Golden;
 using namespace Qt::StringLiterals;
 
-class CodeEntryTest : public QObject {
+class CodeEntryTest : public QObject, LinkedSession {
     Q_OBJECT
 
 private slots:
     void init() {
         FailOnAnyWarning();
-        session.RemoteHost = FakeServer::Host();
-        session.RemotePort = server.Port();
-        session.Connect();
+        session.Connect(); // a slot may have left none
         QVERIFY(QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }));
         server.TakeLog();
     }
@@ -98,8 +96,6 @@ private:
         return form->findChild<QPushButton*>(QLatin1StringView(name));
     }
 
-    FakeServer server;
-    Session session;
     Language language;
     Boxes boxes{language};
     FormServices services{session, language, boxes};

@@ -161,7 +161,7 @@ private slots:
         QVERIFY(EnableLearn(controls, bus));
         QCOMPARE(controls.arrows, (std::array{false, false, true}));
 
-        controls.calibration = 1;
+        controls.calibration = 3; // one that only newer firmware has
         controls.mode = 5;
         QVERIFY(EnableLearn(controls, bus));
         QVERIFY(!controls.enabled.timing && controls.enabled.command);
@@ -169,6 +169,13 @@ private slots:
         controls.mode = 4;
         QVERIFY(EnableLearn(controls, bus));
         QVERIFY(controls.enabled.calibration);
+        controls.mode = -1;
+        QVERIFY(!EnableLearn(controls, bus));
+        QVERIFY(!controls.enabled.command);
+        // The mode that newer firmware lacks gives way to its first one.
+        controls.mode = 0;
+        ChooseBus(controls, MakeBus("5.20.00"));
+        QCOMPARE(controls.mode, 0);
     }
 
     void TheDevicesDefaults() {

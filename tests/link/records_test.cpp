@@ -19,50 +19,9 @@ QString Difference(const QByteArray& actual, const QByteArray& expected) {
     return {};
 }
 
-/// Walks the table of a record and lists every field as a line "name = value", so that two records compare as
-/// lists of lines and a difference names its field.
-class FieldLister {
-public:
-    template <Wire::Integer T> void Constant(const char*, int, T) {}
-    template <Wire::Integer T> void Number(const char* name, int, const T& value) {
-        Add(name, QString::number(static_cast<qint64>(value)));
-    }
-    template <Wire::Integer T, size_t N>
-    void Numbers(const char* name, int offset, const std::array<T, N>& values) {
-        for (const T& value : values)
-            Number(name, offset, value);
-    }
-    void Text(const char* name, int, int, Wire::TextForm, const QString& text) {
-        Add(name, u'"' + text + u'"');
-    }
-    template <size_t N>
-    void Texts(const char* name, int offset, int width, Wire::TextForm form,
-               const std::array<QString, N>& texts) {
-        for (const QString& text : texts)
-            Text(name, offset, width, form, text);
-    }
-    void Raw(const char* name, int, int, char, const QByteArray& raw) {
-        Add(name, QString::fromLatin1(raw.toHex(' ')));
-    }
-
-    QStringList lines;
-
-private:
-    void Add(const char* name, const QString& value) {
-        lines += QString::fromLatin1(name) + QStringLiteral(" = ") + value;
-    }
-};
-
-template <class Record> QStringList FieldsOf(const Record& record) {
-    FieldLister lister;
-    Record::Layout(lister, record);
-    return lister.lines;
-}
-
 /// A row that holds a record against its golden bytes, in both directions.
-template <class Record> void Row(const char* name, int size, const QByteArray& golden, const Record& record) {
-    QTest::newRow(name) << size << golden << Encode(record) << FieldsOf(Decode<Record>(golden))
-                        << FieldsOf(record);
+template <class Record> void Row(const char* name, const QByteArray& golden, const Record& record) {
+    QTest::newRow(name) << golden << Encode(record) << Encode(Decode<Record>(golden));
 }
 
 QByteArray FilledUp(const QByteArray& payload, qsizetype size) {
@@ -72,16 +31,8 @@ QByteArray FilledUp(const QByteArray& payload, qsizetype size) {
 template <class Element>
 void PageRow(const char* name, const QByteArray& golden, const PageHead& head,
              const std::vector<Element>& elements) {
-    const auto fields = [](const ListPage<Element>& page) {
-        QStringList lines = FieldsOf(page.head);
-        for (const Element& element : page.elements)
-            lines += FieldsOf(element);
-        return lines;
-    };
-    const ListPage<Element> page{head, elements};
     const auto decoded = DecodePage<Element>(FilledUp(golden, ListPage<Element>::Size));
-    QTest::newRow(name) << int(golden.size()) << golden << EncodePage(page) << fields(decoded)
-                        << fields(page);
+    QTest::newRow(name) << golden << EncodePage(ListPage<Element>{head, elements}) << EncodePage(decoded);
 }
 
 // Values in the order of the fields, which is that of the golden bytes.
@@ -122,18 +73,16 @@ class RecordsTest : public QObject {
 
 private slots:
     void GoldenBytes_data() {
-        QTest::addColumn<int>("size");
         QTest::addColumn<QByteArray>("golden");
         QTest::addColumn<QByteArray>("encoded");
-        QTest::addColumn<QStringList>("decoded");
-        QTest::addColumn<QStringList>("fields");
+        QTest::addColumn<QByteArray>("again"); // decoded, and encoded once more
 
-        Row("press of a button", 113, Golden::PressTvPower(),
+        Row("press of a button", Golden::PressTvPower(),
             CommandRequest{Netcommand::SendCommand, 0, 0x103, u"tv"_s, u"power"_s, 0});
-        Row("learn request at its limits", 113, Golden::LearnAtLimits(),
+        Row("learn request at its limits", Golden::LearnAtLimits(),
             CommandRequest{Netcommand::LearnRawRepeat, 30000, qint32(0x800003FE),
                            u"Küche-"_s + QString(73, u'x') + u'!', u"Öffnen €"_s, 255});
-        Row("mode", 232, Golden::SetMode(),
+        Row("mode", Golden::SetMode(),
             ModeRequest{.Mode = 0x21,
                         .DeviceTag = 7 * 256 + 15,
                         .HotRemote = u"tv"_s,
@@ -145,16 +94,16 @@ private slots:
                         .ExtMode2 = 0x32,
                         .mac = {0x02, 0x1A, 0x2B, 0x3C, 0x4D, 0x5E},
                         .ExtParam = {0x51, 0x52, 0x53, 0x54, 0x55, 0x56, 0x57, 0x58}});
-        Row("LCD", 214, Golden::LcdText(), LcdRequest{u" Guten Tag, Küche"_s.leftJustified(200)});
-        Row("serial text", 272, Golden::SerialText(),
+        Row("LCD", Golden::LcdText(), LcdRequest{u" Guten Tag, Küche"_s.leftJustified(200)});
+        Row("serial text", Golden::SerialText(),
             SerialRequest{qint32(0x81020304), 8, QByteArray("VOL +\xFC\r\n").leftJustified(256, ' ')});
-        Row("CCF code", 5512, Golden::StoreCcf(),
+        Row("CCF code", Golden::StoreCcf(),
             CodeRequest{Netcommand::StoreCcf, u" tv "_s, u" power "_s, u"0000 006D 0001 0000 0010 0020"_s});
-        Row("translator element", 136, Golden::TranslatorMacro(), Macro);
+        Row("translator element", Golden::TranslatorMacro(), Macro);
         const auto four = [](const QString& name) {
             return std::array<QString, 4>{name + u'0', name + u'1', name + u'2', name + u'3'};
         };
-        Row("database settings", 1264, Golden::DatabaseGlobal(),
+        Row("database settings", Golden::DatabaseGlobal(),
             IRDBGlobalRecord{.GlobalFlags = 0x6D,
                              .ElementKind = 9,
                              .port = qint16(50001),
@@ -174,12 +123,12 @@ private slots:
                              .maximumRemote = four(u"max-remote-"_s),
                              .maximumCommand = four(u"max-command-"_s),
                              .ip = qint32(0xC0A80704)});
-        Row("remote of a database", 392, Golden::DatabaseRemote(), Remote);
-        Row("binary action of a database", 392, Golden::DatabaseBinaryAction(), BinaryAction);
+        Row("remote of a database", Golden::DatabaseRemote(), Remote);
+        Row("binary action of a database", Golden::DatabaseBinaryAction(), BinaryAction);
 
-        Row("bare header", 8, Golden::BareHeader(), ReplyHeader{8, ReplyType::Received});
-        Row("result", 264, Golden::Result(), ResultReply{ResultCode::LearnFailed, 258, u"Zeitüberlauf"_s});
-        Row("learned data", 208, Golden::LearnedData(),
+        Row("bare header", Golden::BareHeader(), ReplyHeader{8, ReplyType::Received});
+        Row("result", Golden::Result(), ResultReply{ResultCode::LearnFailed, 258, u"Zeitüberlauf"_s});
+        Row("learned data", Golden::LearnedData(),
             LearnedDataReply{.Address = 0x1234,
                              .Mode = 0x15,
                              .TimeCount = 6,
@@ -188,16 +137,16 @@ private slots:
                              .PauseLen = {0x1001, 0x2002, 0x3003, 0x4004, 0x5005, -1},
                              .PulseLen = {0x111, 0x212, 0x313, 0x414, 0x515, -32768},
                              .Data = u"0110"_s});
-        Row("received", 304, Golden::Received(), ReceivedReply{u"tv"_s, u"power"_s, u"bus 1, LED 2"_s});
-        Row("learn state", 264, Golden::LearnState(), LearnStateReply{3, 38, u"amp"_s, 258, 772, u"1A2B"_s});
-        Row("server version", 16, Golden::ServerVersion(), ServerInfoReply{u"V6.12.03"_s});
-        Row("database status", 64, Golden::DatabaseStatus(),
+        Row("received", Golden::Received(), ReceivedReply{u"tv"_s, u"power"_s, u"bus 1, LED 2"_s});
+        Row("learn state", Golden::LearnState(), LearnStateReply{3, 38, u"amp"_s, 258, 772, u"1A2B"_s});
+        Row("server version", Golden::ServerVersion(), ServerInfoReply{u"V6.12.03"_s});
+        Row("database status", Golden::DatabaseStatus(),
             IRDBStatusRecord{u"30123"_s, u"128K"_s, u"12"_s, u"345"_s, u"6789"_s});
-        Row("analog values", 26, Golden::AnalogPlain(),
+        Row("analog values", Golden::AnalogPlain(),
             AnalogValues{{1, 3, 4, 5, 6, 7, 8, 9}, {0x80, 0xFF, 0x21, 0x22, 0x23, 0x24, 0x25, 0x26}});
-        Row("analog temperatures", 26, Golden::AnalogDegrees(),
+        Row("analog temperatures", Golden::AnalogDegrees(),
             AnalogTemperatures{{2, 2, 2, 2, 0, 1, 3, 4}, {2150, -500, 32767, -32768, 1, 2, 3, -1}});
-        Row("device", 248, Golden::Device(), Device);
+        Row("device", Golden::Device(), Device);
 
         PageRow<NameElement>("names", Golden::NamesPage(), {40, 2, 300, 1},
                              {{u"amp"_s}, {u"Küche "_s + QString(73, u'n') + u'!'}});
@@ -216,10 +165,9 @@ private slots:
     void GoldenBytes() {
         QFETCH(QByteArray, golden);
         QFETCH(QByteArray, encoded);
-        QFETCH(QStringList, decoded);
-        QTEST(int(golden.size()), "size");
+        QFETCH(QByteArray, again);
         QCOMPARE(Difference(encoded, golden), QString());
-        QTEST(decoded, "fields");
+        QCOMPARE(Difference(again, golden), QString());
     }
 
     void StatusEntries() {
@@ -228,7 +176,7 @@ private slots:
         for (const int offset : {StatusHead::EntryOffset(2, 5), StatusHead::EntryOffset(7, 15)})
             page.replace(offset, DeviceEntry::Size, Encode(Device));
         QCOMPARE(Difference(page, Golden::StatusPage()), QString());
-        QCOMPARE(FieldsOf(Decode<StatusHead>(Golden::StatusPage())), FieldsOf(head));
+        QCOMPARE(Encode(Decode<StatusHead>(Golden::StatusPage())), Encode(head));
     }
 
     void LargestPages() {

@@ -133,18 +133,6 @@ private slots:
         QCOMPARE(recorder.session.TransferIndex, 11);
     }
 
-    void ATransferGoesOnFromTheAcknowledgement() {
-        Recorder recorder;
-        Session& session = recorder.session;
-        connect(&session, &Session::DatabaseElementTaken, &session, [&session](qint32 next) {
-            session.TransferIndex = next;
-            session.PendingOp = next < 4 ? Pending::DatabaseElement : Pending::None;
-        });
-        session.PendingOp = Pending::DatabaseElement;
-        QCOMPARE(recorder.Play(Ack() + Raw::Log("x") + Result(9, 9) + Ack() + Ack() + Ack()),
-                 u"database next 1; log <x>; database next 2; database next 3; database next 4; ack"_s);
-    }
-
     void FlagsOfResults() {
         Recorder recorder;
         for (const int detail : {2, 3}) {

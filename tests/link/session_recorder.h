@@ -7,6 +7,16 @@
 
 #include <utility>
 
+/// What the session has sent since it was last asked.
+inline QString SentTo(FakeServer& server, Session& session) {
+    session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
+    if (!QTest::qWaitFor([&] { return server.Log().endsWith(u"60 / 0"); }))
+        return QStringLiteral("the server got nothing");
+    QString log = server.TakeLog();
+    log.chop(log.contains(u';') ? 8 : 6);
+    return log;
+}
+
 /// A session that is connected to a server over a real socket.
 struct LinkedSession {
     LinkedSession() {
@@ -121,13 +131,5 @@ public:
         return Said();
     }
 
-    /// What the session has sent since it was last asked.
-    QString Sent() {
-        session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
-        if (!QTest::qWaitFor([this] { return server.Log().endsWith(u"60 / 0"); }))
-            return QStringLiteral("the server got nothing");
-        QString log = server.TakeLog();
-        log.chop(log.contains(u';') ? 8 : 6);
-        return log;
-    }
+    QString Sent() { return SentTo(server, session); }
 };

@@ -31,16 +31,6 @@ private slots:
         QCOMPARE(link.server.Record(1), Golden::PressTvPower());
     }
 
-    void TimeoutAndCarrierGoOutWithEveryRequest() {
-        LinkedSession link;
-        link.session.timeout = 30000;
-        link.session.carrier = 38;
-        link.session.SendRemoteCommand(Netcommand::ListRemotes, {}, {}, -2);
-        QTRY_COMPARE(link.server.Records(), 1);
-        QCOMPARE(link.server.Record(0).first(8), Golden::Hex("12 00 30 75 FE FF FF FF"));
-        QCOMPARE(link.server.Record(0)[112], char(38));
-    }
-
     void SerialTextsUpTo255Characters() {
         LinkedSession link;
         QSignalSpy failed(&link.session, &Session::SendFailed);

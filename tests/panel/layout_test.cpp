@@ -248,6 +248,17 @@ private slots:
               "che Ω\n[END]\n");
         LoadRemote(panel, path, u"S"_s);
         QCOMPARE(panel.lblRem.at(0).caption, u"Küche Ω"_s);
+#ifdef Q_OS_LINUX
+        // The file that all users share comes first.
+        QVERIFY(QDir(folder.path()).mkdir(u"Vantrel"_s));
+        const QString shared = folder.filePath(u"Vantrel/Remote.lyt"_s);
+        const QByteArray before = qgetenv("XDG_DATA_HOME");
+        qputenv("XDG_DATA_HOME", folder.path().toUtf8());
+        QCOMPARE(FindLayoutFile(u"/a"_s), u"/a/Remote.lyt"_s);
+        QVERIFY(QFile::copy(path, shared));
+        QCOMPARE(FindLayoutFile(u"/a"_s), shared);
+        qputenv("XDG_DATA_HOME", before);
+#endif
     }
 
     void ElementsBeyondTheLimit() {

@@ -226,6 +226,19 @@ private slots:
         QCOMPARE(unknown, (QList<QVariantList>{{2}}));
     }
 
+    /// A server that answers none of many questions: the oldest are forgotten.
+    void QuestionsThatNobodyAnswers() {
+        Bench bench({u"tv power"_s, u"tv mute"_s});
+        for (int i = 0; i < 70; ++i)
+            bench.sending->CheckPage();
+        bench.Sent();
+        for (int i = 1; i < 64; ++i)
+            bench.AnswerCheck(1, true);
+        QCOMPARE(bench.Sent(), QString());
+        bench.AnswerCheck(1, true);
+        QCOMPARE(bench.Sent(), u"56 tv/mute 2"_s);
+    }
+
     void CheckWithoutButtons() {
         Bench bench({});
         QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);

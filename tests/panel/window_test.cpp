@@ -40,6 +40,13 @@ private slots:
         QCOMPARE(rig.Action("mnuRemoteItem(1)")->text(), u"Video && <b>TV</b>"_s);
         QVERIFY(!rig.Action("mnuRemoteItem(999)")->isVisible());
 
+        // Background, separator, a button and a label's text; red is the lowest byte of a colour.
+        const QImage panel = rig.Find<QWidget>("panel")->grab().toImage();
+        QCOMPARE(panel.pixelColor(400, 300), QColor(Qt::blue));
+        QCOMPARE(panel.pixelColor(80, 0), QColor(Qt::red));
+        QCOMPARE(panel.pixelColor(3, 210), QColor(Qt::yellow));
+        QCOMPARE(rig.Find<QLabel>("lblMain(1)")->palette().color(QPalette::WindowText), QColor(Qt::yellow));
+
         const QSize before = rig.Window().size();
         const QByteArray data = "<b>" + QByteArray(197, 'x');
         rig.Play(Raw::Received(data, "<i>tv</i>", "R&D"));

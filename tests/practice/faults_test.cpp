@@ -1,6 +1,5 @@
 #include "practice_client.h"
 
-#include <QCommandLineParser>
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -88,10 +87,7 @@ private slots:
     void CommandLine() {
         QString error;
         const auto read = [&](const QStringList& options) {
-            QCommandLineParser parser;
-            AddFaultOptions(parser);
-            parser.parse(QStringList(u"program"_s) + options);
-            return ReadFaultOptions(parser, error);
+            return ReadOptions<AddFaultOptions, ReadFaultOptions>(options, error);
         };
         const auto faults = read({u"--pieces=3"_s, u"--silent-for=16"_s, u"--silent-for=60"_s,
                                   u"--reset=2:100"_s, u"--filler=00FF2A2A"_s, u"--refuse=tv/power"_s});
@@ -110,10 +106,7 @@ private slots:
     void OutcomesOnTheCommandLine() {
         QString error;
         const auto read = [&](const QStringList& options) {
-            QCommandLineParser parser;
-            AddOutcomeOptions(parser);
-            parser.parse(QStringList(u"program"_s) + options);
-            return ReadOutcomeOptions(parser, error);
+            return ReadOptions<AddOutcomeOptions, ReadOutcomeOptions>(options, error);
         };
         const auto outcomes = read({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
                                     u"--refuse-database-element=12"_s, u"--database-words=32768"_s});

@@ -3,8 +3,6 @@
 #include "practice/learn_param.h"
 #include "practice/world_options.h"
 
-#include <QCommandLineParser>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -151,10 +149,7 @@ private slots:
         QString error;
         World world = World::LivingRoom();
         const auto read = [&](const QStringList& options) {
-            QCommandLineParser parser;
-            AddWorldOptions(parser);
-            parser.parse(QStringList(u"program"_s) + options);
-            return ReadWorldOptions(parser, world, error);
+            return ReadOptions<AddWorldOptions, ReadWorldOptions>(options, world, error);
         };
         QVERIFY(!read({u"--commands=-1"_s}));
         QCOMPARE(error, u"--commands: \"-1\" is not a number from 0 to 32767"_s);

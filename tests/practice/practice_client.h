@@ -5,6 +5,7 @@
 #include "support/golden.h"
 #include "support/suite.h"
 
+#include <QCommandLineParser>
 #include <QNetworkProxy>
 #include <QTcpSocket>
 
@@ -82,6 +83,14 @@ inline QByteArray Request(int netcommand, const QByteArray& remote = {}, const Q
         (command + '\0').leftJustified(20, ' '),
         Bytes(carrier, 1),
     });
+}
+
+/// What `read` makes of command-line options that `add` declares.
+template <auto add, auto read, class... More> auto ReadOptions(const QStringList& options, More&... more) {
+    QCommandLineParser parser;
+    add(parser);
+    parser.parse(QStringList(QStringLiteral("program")) + options);
+    return read(parser, more...);
 }
 
 inline int TypeOf(const QByteArray& frame) {

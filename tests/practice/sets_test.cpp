@@ -3,7 +3,6 @@
 #include "practice/request_table.h"
 #include "practice/world_options.h"
 
-#include <QCommandLineParser>
 #include <QTemporaryDir>
 
 #include <algorithm>
@@ -203,10 +202,7 @@ private slots:
         const QString text = QString::fromLatin1("../\xFC. %41");
         QString error;
         const auto use = [&](World& world) {
-            QCommandLineParser parser;
-            AddWorldOptions(parser);
-            parser.parse({u"program"_s, u"--folder"_s, path});
-            return ReadWorldOptions(parser, world, error);
+            return ReadOptions<AddWorldOptions, ReadWorldOptions>({u"--folder"_s, path}, world, error);
         };
         {
             GreetedServer practice;

@@ -81,6 +81,8 @@ private slots:
             QCOMPARE(rig.Text("lblTitle"), title);
             QCOMPARE(rig.Find<QDialog>("frmAbout")->windowTitle(), title);
             QCOMPARE(rig.Find<QWidget>("picIcon")->isVisible(), !title.startsWith(u"Ferolo"));
+            const QImage icon = rig.Find<QWidget>("picIcon")->grab().toImage();
+            QVERIFY(icon.pixelColor(icon.rect().center()) != icon.pixelColor(0, 0));
             static const QRegularExpression version(u"^Version \\d+\\.\\d+\\.\\d+$"_s);
             QVERIFY(rig.Text("lblVersion").contains(version));
         }

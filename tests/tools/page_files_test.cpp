@@ -123,6 +123,14 @@ private slots:
         rig.Play(Status("\xFF\xFF\xFF\x7F"));
         QVERIFY(!rig.Find<QDialog>("frmHTML"));
         QVERIFY(!rig.CurrentBox());
+        for (const auto& [entry, box] :
+             {std::pair("mnuModus(13)", u"No Vantrel Translator connected to your system."_s),
+              {"mnuModus(14)", u"No Vantrel Device with IR DB connected to your system."_s}}) {
+            rig.Action(entry)->trigger();
+            rig.Play(Status(QByteArray(4, '\0')));
+            QCOMPARE(rig.CurrentBox()->text(), box);
+            rig.AnswerBox();
+        }
     }
 };
 

@@ -215,6 +215,8 @@ private slots:
                  "*LEDSelect=Default *RelNum=1 Toggle=0 On=0 Off=0", macro);
         received("macro with a relay", "all", macro, "chkOn=1 cmbRelais=2 cmbRelais=0 cmbRelais=1",
                  "LEDSelect=Default Relais=On RelNum=1 On=1 Off=0", "tv\\on\\102\\1\\0\\0\\16");
+        received("and without it", "all", macro, "cmbRelais=2 cmbRelais=0",
+                 "LEDSelect=Default Relais= RelNum=1 Toggle=0 On=0 Off=0", macro);
 
         row("step", "all", MacroKey, "tv\\on\\6\\7\\100", "", "Timeout=100 SndIO=0", "7\\100\\0");
         row("too long", "all", MacroKey, "tv\\on\\6\\7\\100", "txtTimeout=5000", "Timeout=5000 SndIO=0",
@@ -239,6 +241,8 @@ private slots:
         row("an input it lacks", "two relays", CommandKey, "tv\\on\\6\\7\\0\\IO101", "",
             "SndIO=1 SndIO=IR Input SndIOVal=ON", "7\\0\\IO111");
         row("no inputs", "no relays", CommandKey, "tv\\on\\6\\7\\0\\0", "", "", "7\\0\\0");
+        row("a condition without inputs", "no relays", CommandKey, "tv\\on\\6\\7\\0\\IO111", "",
+            "*SndIO=1 SndIO= SndIOVal=ON", "7\\0\\0");
 
         const char* root = "CON\\Config\\65535\\3\\10";
         received("root", "all", root, "", "LAN=1 SBUS=1", root);

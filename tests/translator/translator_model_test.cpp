@@ -293,6 +293,8 @@ private slots:
             const auto built = BuildNodes(row.elements, tree);
             QCOMPARE(Fault(std::get_if<TranslatorRefusal>(&built)), row.fault);
         }
+        const auto flat = FlattenTree(KeyedTree(), false);
+        QCOMPARE(Fault(std::get_if<TranslatorRefusal>(&flat)), u"10 0/0 0 "_s);
         // Without a root they join what stands there.
         FillTree(tree, std::get<TranslatorNodes>(BuildNodes({macro}, tree)));
         QCOMPARE(tree.Find(TranslatorRootKey)->Children(), 2);

@@ -1,4 +1,3 @@
-#include "translator/property_rules.h"
 #include "translator/translator_editing_rules.h"
 
 #include "support/suite.h"
@@ -39,29 +38,6 @@ QStringList ChildKeys(const KeyedTree& tree, const QString& key) {
     for (int row = 0; row < tree.Find(key)->Children(); ++row)
         keys += tree.Find(key)->Child(row).Key();
     return keys;
-}
-
-const TranslatorDevice NewDevice{u"E"_s, u"5.08.17"_s, 0x09000002, 0x00404000};
-const TranslatorDevice OldDevice{u"U"_s, u"4.05.01"_s, 0, 0};
-
-/// The state of what excludes one another: letters of what is on, then of what can be used.
-QString Shown(const CommandProperties& p) {
-    QString text;
-    const auto letter = [&text](bool on, char16_t c) { text += on ? QChar(c) : QChar(u'-'); };
-    letter(p.isAccelerated, u'A');
-    letter(p.relay > 0, u'R');
-    letter(p.isToggleMacro, u'T');
-    letter(p.isPowerOn, u'1');
-    letter(p.isPowerOff, u'0');
-    text += u' ';
-    letter(p.canAccelerate, u'A');
-    letter(p.canRepeat, u'r');
-    letter(p.canRelay, u'R');
-    letter(p.canRelayNumber, u'n');
-    letter(p.canToggleMacro, u'T');
-    letter(p.canPowerOn, u'1');
-    letter(p.canPowerOff, u'0');
-    return text;
 }
 
 } // namespace
@@ -187,8 +163,6 @@ private slots:
             QCOMPARE(OffersProperties(MenuFor(key)), menu > 0 && menu < 50);
             QCOMPARE(OffersDelete(MenuFor(key)), menu > 0 && menu != 40);
         }
-        ApplySendTag(g.tree, g.step, {});
-        QCOMPARE(g.tree.Find(g.step)->Tag(), u"amp\\+\\6\\65535"_s);
         ApplySendTag(g.tree, g.step, u"3\\0\\IO101"_s);
         QCOMPARE(g.tree.Find(g.step)->Tag(), u"amp\\+\\6\\3\\0\\IO101"_s);
         int deleted = 0;
@@ -197,121 +171,6 @@ private slots:
         QVERIFY(DeleteNode(g.tree, g.group, deleted)); // with a step below it
         QCOMPARE(deleted, 1);
         QVERIFY(g.tree.Find(g.groupedStep) == nullptr);
-    }
-
-    void Devices() {
-        QVERIFY(!KnowsShiftKeys(u"0.1 - U4.04.26  "_s) && KnowsShiftKeys(u"0.1 - U4.04.27  "_s));
-        QVERIFY(NewDevice.HasNames() && !OldDevice.HasNames());
-        QVERIFY((!TranslatorDevice{u"G"_s, u"5.04.04"_s}.HasNames() &&
-                 TranslatorDevice{u"G"_s, u"5.04.05  "_s}.HasNames()));
-    }
-
-    void PropertiesOfCommands() {
-        const QString fresh = u"tv\\1\\1\\65535\\0\\0\\0"_s;
-        auto p = FillTransRcv(fresh, NewDevice);
-        QCOMPARE(Shown(p), u"----- A-Rn---"_s);
-        QCOMPARE(PackTransRcv(p), fresh);
-        SetAccelerated(p, NewDevice, true);
-        QCOMPARE(Shown(p), u"A---- Ar-----"_s);
-        QCOMPARE(PackTransRcv(p), u"tv\\1\\2\\65535\\0\\51\\750"_s);
-        p.timeout = u"9999"_s;
-        QVERIFY(PackTransRcv(p).endsWith(u"\\4087"));
-        p.timeout = u"many"_s;
-        QVERIFY(PackTransRcv(p).endsWith(u"\\0"));
-        SetAccelerated(p, NewDevice, false);
-        QCOMPARE(PackTransRcv(p), fresh);
-        SetRelay(p, 2);
-        p.relayNumber = 1;
-        QCOMPARE(Shown(p), u"-R--- --Rn---"_s);
-        QCOMPARE(PackTransRcv(p), u"tv\\1\\1\\65535\\0\\0\\160"_s);
-        SetRelay(p, 0);
-        QCOMPARE(Shown(p), u"----- A-Rn---"_s);
-
-        // What was stored comes up as it was, also where it can't be switched off.
-        p = FillTransRcv(u"tv\\1\\2\\3\\182\\66\\752", NewDevice);
-        QCOMPARE(Shown(p), u"A---- -r-----"_s);
-        QCOMPARE(p.repeatAfter * 100 + p.repeatCount, 401);
-        QCOMPARE(p.led * 100 + p.sbus * 10 + p.pc, 1142);
-        QCOMPARE(PackTransRcv(p), u"tv\\1\\2\\3\\182\\66\\752"_s);
-        p = FillTransRcv(u"tv\\1\\1\\65535\\182\\0\\160", OldDevice);
-        QCOMPARE(Shown(p), u"----- -------"_s);
-        QCOMPARE(PackTransRcv(p), u"tv\\1\\1\\65535\\6\\0\\0"_s);
-        // Relays without numbers, two relays, and the private-label model.
-        p = FillTransRcv(u"tv\\1\\1\\65535\\0\\0\\160", {u"U"_s, u"4.05.02"_s, 0, 0});
-        QCOMPARE(Shown(p), u"-R--- --R----"_s);
-        QVERIFY(PackTransRcv(p).endsWith(u"\\32"));
-        QCOMPARE(FillTransRcv(fresh, {u"U"_s, u"5"_s, 0, 0x200}).relayNumbers, 2);
-        p = FillTransRcv(u"tv\\1\\1\\65535\\15\\0\\0", {u"Y"_s, u"5"_s});
-        QVERIFY(!p.showsRelays && !p.showsSbus && p.pc == 3 && p.sbus == 0);
-    }
-
-    void PropertiesOfMacros() {
-        const QString fresh = u"tv\\1\\102\\65535\\0\\0\\0"_s;
-        auto p = FillTransRcv(fresh, OldDevice);
-        QCOMPARE(Shown(p), u"----- ----T10"_s);
-        SetToggleMacro(p, true);
-        QCOMPARE(Shown(p), u"--T-- ----T--"_s);
-        QVERIFY(PackTransRcv(p).endsWith(u"\\0\\96"));
-        SetToggleMacro(p, false);
-        SetPowerOn(p, true);
-        QCOMPARE(Shown(p), u"---1- -----10"_s);
-        SetPowerOff(p, true);
-        SetPowerOn(p, false); // as the box does that was cleared
-        QCOMPARE(Shown(p), u"----0 -----10"_s);
-        QVERIFY(PackTransRcv(p).endsWith(u"\\0\\128"));
-        SetPowerOff(p, false);
-        QCOMPARE(Shown(p), u"----- ----T10"_s);
-        QCOMPARE(PackTransRcv(p), fresh);
-        for (const QString& param : {u"96"_s, u"112"_s, u"128"_s}) {
-            const QString tag = fresh.chopped(1) + param;
-            QCOMPARE(PackTransRcv(FillTransRcv(tag, OldDevice)), tag);
-        }
-        // A macro never becomes a command.
-        p = FillTransRcv(fresh, NewDevice);
-        SetRelay(p, 1);
-        SetRelay(p, 0);
-        QVERIFY(!p.canAccelerate);
-    }
-
-    void PropertiesOfSteps() {
-        const QString macro = u"MACCON\\a@b"_s;
-        auto p = FillTransSnd(u"a\\b\\6\\65535\\100", macro, NewDevice);
-        QVERIFY(p.canTimeout && p.canCondition && !p.canChooseInput);
-        QCOMPARE(PackTransSnd(p), u"65535\\100\\0"_s);
-        p.timeout = u"5000"_s;
-        SetConditional(p, true);
-        QCOMPARE(PackTransSnd(p), u"65535\\4000\\IO100"_s); // nothing chosen: the first
-        SetInput(p, 1);
-        QCOMPARE(p.value, 0);
-        p.value = 1;
-        p.timeout = u"-3"_s;
-        QCOMPARE(PackTransSnd(p), u"65535\\0\\IO111"_s);
-        SetConditional(p, false);
-        QVERIFY(p.input == -1 && p.value == -1 && !p.canChooseInput);
-        for (const QString& tag : {u"1\\7\\IO101"_s, u"1\\7\\IO110"_s})
-            QCOMPARE(PackTransSnd(FillTransSnd(u"a\\b\\6\\"_s + tag, macro, NewDevice)), tag);
-        // Under a command there is no pause; without inputs no condition; with one input it is chosen.
-        QCOMPARE(PackTransSnd(FillTransSnd(u"a\\b\\6\\1\\7\\IO111", u"RCVCON\\a@b", OldDevice)),
-                 u"1\\0\\0"_s);
-        p = FillTransSnd(u"a\\b\\6\\1", u"RCVCON\\a@b", {u"E"_s, u"5"_s, 0, 0x00400000});
-        SetConditional(p, true);
-        QCOMPARE(p.input, 0);
-        QCOMPARE(PackTransSnd(p), u"1\\0\\IO110"_s);
-    }
-
-    void PropertiesOfContainers() {
-        const QString root = u"CON\\Config\\65535\\3\\10"_s;
-        auto p = FillTransRem(root, NewDevice);
-        QVERIFY(p.isRoot && p.translatesLan && p.translatesSbus && p.pc == 2 && p.sbus == 8);
-        QCOMPARE(PackTransRem(p), root);
-        p.translatesLan = false;
-        QCOMPARE(PackTransRem(p), u"CON\\Config\\65535\\3\\26"_s);
-        p.translatesSbus = false;
-        QCOMPARE(PackTransRem(p), u"CON\\Config\\65535\\3\\58"_s);
-        p = FillTransRem(u"CON\\Config\\1\\2\\58", OldDevice);
-        QVERIFY(!p.canLan && !p.canSbus && !p.translatesLan && !p.translatesSbus);
-        QCOMPARE(PackTransRem(p), u"CON\\Config\\1\\2\\10"_s);
-        QCOMPARE(PackTransRem(FillTransRem(u"REM\\tv\\1\\2\\15", OldDevice)), u"REM\\tv\\1\\2\\15"_s);
     }
 };
 

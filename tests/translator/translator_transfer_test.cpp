@@ -198,6 +198,8 @@ private slots:
         const QByteArray stray = Raw::Ack() + Raw::Received("F1") + Raw::Result(35, 0) + Raw::Result(9, 0) +
                                  Page(u"stray"_s, 0, 3, 3, false) + Page({}, 3, 2, 5, true);
         QCOMPARE(rig.Play(stray), u" | "_s);
+        emit rig.session.TranslatorElementTaken(1);
+        QCOMPARE(rig.Steps(), u" | "_s);
         // A page in the middle of a store passes for the acknowledgement, as any reply does.
         rig.transfer->Store(u"a"_s, false);
         QCOMPARE(rig.Play(Page(u"stray"_s, 0, 3, 3, false)), u"#0, #1 | 1/3"_s);
@@ -309,6 +311,10 @@ private slots:
                  u"Der Satz hat 41 Fernbedienungen. Höchstens 40 sind möglich."_s);
         QCOMPARE(RefusalText(language, {TranslatorRefusal::Twice, 0, 0, 12, u"%e 100%"_s}),
                  u"Element 12 des Satzes (%e 100%) ist doppelt."_s);
+        QSet<QString> texts;
+        for (int reason = 0; reason <= TranslatorRefusal::PagesMissing; ++reason)
+            texts += RefusalText(language, {TranslatorRefusal::Reason(reason)});
+        QCOMPARE(texts.size(), 12);
     }
 };
 
