@@ -101,7 +101,10 @@ void PanelSending::Stop() {
 }
 
 void PanelSending::BeginRepeat() {
-    const auto slot = size_t(HeldIndex); // the timer runs only while a button is held
+    // The timer also runs once from the start.
+    if (HeldIndex < 0)
+        return;
+    const auto slot = size_t(HeldIndex);
     if (session.SendRemoteCommand(Netcommand::SendCommand, panel.RemoteList[slot], panel.CommandList[slot],
                                   HeldParam))
         RepeatIndex = HeldIndex;

@@ -30,6 +30,7 @@ constexpr struct {
 
 /// In the order of the enumerators, of which None has no row.
 const auto& RowOf(TranslatorKind kind) {
+    Q_ASSERT(kind != TranslatorKind::None);
     return Kinds[size_t(kind) - 1];
 }
 

@@ -54,6 +54,17 @@ class SendingTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void TheTimerOfTheStartFindsNoHeldButton() {
+        Session session;
+        const PanelModel panel;
+        QSignalSpy tries(&session, &Session::SendFailed);
+        const PanelSending sending(session, panel, nullptr);
+        const auto* timer = sending.findChild<QTimer*>(u"Timer"_s);
+        QVERIFY(timer->isActive());
+        QTRY_VERIFY(!timer->isActive());
+        QVERIFY(tries.isEmpty());
+    }
+
     void TapSendsOneRecord() {
         Bench bench({u"tv power"_s, u"tv mute 5"_s});
         bench.sending->Press(1);
