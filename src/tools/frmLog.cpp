@@ -31,7 +31,7 @@ frmLog::frmLog(const FormServices& services, QWidget* parent)
 
 void frmLog::Append(const QString& text) {
     pending += text;
-    if (pending.size() > 2 * MostCharacters)
+    if (pending.size() / 2 > MostCharacters)
         pending = pending.last(MostCharacters);
     if (!rest.isActive())
         ShowPending();

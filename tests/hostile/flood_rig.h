@@ -28,7 +28,7 @@ public:
     static constexpr bool IsSanitized = false;
     static qint64 HeapInUse() {
         const auto info = mallinfo2();
-        return qint64(info.uordblks + info.hblkhd);
+        return qint64(info.uordblks) + qint64(info.hblkhd);
     }
 #endif
 

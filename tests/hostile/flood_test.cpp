@@ -10,7 +10,7 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-constexpr qint64 MostGrowth = 16 * 1024 * 1024;
+constexpr qint64 MostGrowth = qint64(16) * 1024 * 1024;
 /// Milliseconds of this process's own work, so that a busy machine doesn't count; sanitizers slow it down.
 constexpr double LongestTurn = FloodWatch::IsSanitized ? 800 : 100;
 /// With sanitizers a fifth of it, to save time.

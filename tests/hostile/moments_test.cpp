@@ -192,7 +192,7 @@ void Go(Scene& scene, const QString& steps) {
         });
         if (scene.isThere)
             Verbs[words[0]](scene, what, words.value(2));
-        if (const QString form = words.last(); form.startsWith(u"frm"))
+        if (const QString& form = words.last(); form.startsWith(u"frm"))
             scene.Until(
                 [&] { return scene.LastForm() != nullptr && scene.LastForm()->objectName() == form; });
     }
