@@ -40,10 +40,12 @@ PanelSending::PanelSending(Session& session, const PanelModel& panel, QObject* p
     connect(&timRepeat, &QTimer::timeout, this, &PanelSending::SendRepeats);
     connect(&session, &Session::Acknowledged, this, &PanelSending::TakeAcknowledgement);
     connect(&session, &Session::HoldRefused, this, &PanelSending::EndHold);
-    // An error may stand in the place of an answer; then none will come for that question.
+    // An error may stand in the place of an answer, or tell of a button that was pressed meanwhile.
     connect(&session, &Session::ErrorReported, this, [this] {
-        if (!checks.empty())
-            checks.pop_front();
+        const auto next =
+            std::find_if(checks.begin(), checks.end(), [](const Check& c) { return !c.isDoubtful; });
+        if (next != checks.end())
+            next->isDoubtful = true;
     });
     connect(&session, &Session::CommandChecked, this, &PanelSending::TakeCheck);
     // What the old connection left unanswered will not be answered by the new one.
@@ -160,9 +162,16 @@ void PanelSending::AskAbout(int slot) {
 
 void PanelSending::TakeCheck(int slot, bool known) {
     // Answers come in the order of the questions. One that was asked about an earlier page says nothing of
-    // this one, and an answer to no question says nothing at all.
-    const auto asked =
-        std::find_if(checks.begin(), checks.end(), [slot](const Check& c) { return c.slot == slot; });
+    // this one, and an answer to no question says nothing at all. A doubtful question gets what answers no
+    // other.
+    const auto find = [&](bool isDoubtful) {
+        return std::find_if(checks.begin(), checks.end(), [slot, isDoubtful](const Check& c) {
+            return c.slot == slot && c.isDoubtful == isDoubtful;
+        });
+    };
+    auto asked = find(false);
+    if (asked == checks.end())
+        asked = find(true);
     if (asked == checks.end())
         return;
     const bool current = asked->ofThisPage;

@@ -50,6 +50,7 @@ private:
     struct Check {
         int slot;
         bool ofThisPage;
+        bool isDoubtful = false; ///< an error has come, perhaps in the place of the answer
     };
 
     Session& session;

@@ -237,6 +237,22 @@ private slots:
         QCOMPARE(unknown, (QList<QVariantList>{{2}}));
     }
 
+    void ErrorsAmongTheAnswers() {
+        Bench bench({u"tv power"_s, u"tv mute"_s});
+        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
+        bench.sending->CheckPage();
+        bench.Play(Raw::Result(3, 0)); // of a button that was pressed
+        bench.AnswerCheck(1, false);
+        QCOMPARE(bench.Sent(), u"56 tv/power 1; 56 tv/mute 2"_s);
+        QCOMPARE(unknown, (QList<QVariantList>{{1}}));
+        bench.AnswerCheck(2, true);
+        bench.sending->CheckPage();
+        bench.Play(Raw::Result(3, 0)); // instead of the answer
+        bench.sending->CheckPage();
+        bench.AnswerCheck(1, true);
+        QCOMPARE(bench.Sent(), u"56 tv/power 1; 56 tv/power 1; 56 tv/mute 2"_s);
+    }
+
     /// A server that answers none of many questions: the oldest are forgotten.
     void QuestionsThatNobodyAnswers() {
         Bench bench({u"tv power"_s, u"tv mute"_s});
