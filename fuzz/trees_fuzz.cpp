@@ -76,7 +76,7 @@ IRDBElementRecord TakeAction(Input& input) {
     const quint8 names = input.ConsumeIntegral<quint8>();
     element.remote = Name(names % 16);
     element.command = Name(names / 16);
-    element.ElementKind = quint8(DatabaseElement::Remote + input.Below(12));
+    element.ElementKind = quint8(IRDBElementRecord::Remote + input.Below(12));
     element.ElementFlags = input.ConsumeIntegral<quint8>();
     element.RelayByte = input.ConsumeIntegral<quint8>();
     element.ip = input.Word();

@@ -12,9 +12,6 @@ constexpr int RemoteWords = 24;
 constexpr int CommandWords = 12;
 constexpr int ActionWords = 6;
 
-constexpr quint8 RemoteKind = 8;
-constexpr quint8 FirstActionKind = 10;
-
 // Bytes that the client takes for too many, one or two below what the memory holds.
 constexpr int SmallLimit = 65535;
 constexpr int LargeLimit = 131070;
@@ -47,12 +44,12 @@ DatabaseMemory MeasureDatabase(const RecordSet& set) {
     memory.words = SettingsWords;
     for (const QByteArray& bytes : set.elements) {
         const auto element = Decode<IRDBElementRecord>(bytes);
-        if (element.ElementKind == RemoteKind) {
+        if (element.IsRemote()) {
             ++memory.remotes;
             memory.words += RemoteWords + WordsOf(int(element.action.indexOf('\0')));
             continue;
         }
-        if (element.ElementKind == FirstActionKind) {
+        if (element.ElementKind == IRDBElementRecord::FirstAction) {
             ++memory.commands;
             memory.words += CommandWords;
         }

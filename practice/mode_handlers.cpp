@@ -2,6 +2,7 @@
 #include "practice/describe.h"
 
 #include "base/code_page.h"
+#include "link/capabilities.h"
 
 using namespace Qt::StringLiterals;
 

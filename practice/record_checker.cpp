@@ -102,7 +102,7 @@ int UsedBytes(const SerialRequest& request) {
 }
 
 int UsedBytes(const IRDBElementRecord& element) {
-    if (element.ElementKind != 8)
+    if (!element.IsRemote())
         return element.dataLength;
     // The text of a remote has a NUL and no length.
     return int(element.action.indexOf('\0')) + 1;
@@ -115,10 +115,10 @@ QStringList ValueFaults(const CommandRequest& request) {
 }
 
 QStringList ValueFaults(const IRDBElementRecord& element) {
-    if (element.ElementKind == 8 && element.dataLength != 0)
+    if (element.IsRemote() && element.dataLength != 0)
         return {u"IRDBElementRecord: field \"dataLength\" (offset 19): %1 in the element of a remote, 0 was "
                 "expected"_s.arg(element.dataLength)};
-    if (element.ElementKind != 8 && (element.ElementKind < 10 || element.ElementKind > 17))
+    if (!element.IsRemote() && !element.IsAction())
         return {u"IRDBElementRecord: field \"ElementKind\" (offset 17): %1 is neither 8 nor 10 to 17"_s.arg(
             element.ElementKind)};
     return {};

@@ -10,9 +10,6 @@
 #include <optional>
 #include <vector>
 
-/// What stands in `HotRemote2` of a device that a MAC address wakes; the address is in `HotCommand2` then.
-constexpr QStringView LanMarker = u"@@@~~~LAN~~~@@@";
-
 /// What the practice server pretends to have: learned remotes, stored sets, buses with their devices, analog
 /// inputs and page files.
 struct World {

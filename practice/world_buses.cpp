@@ -1,24 +1,12 @@
 #include "practice/world.h"
 
+#include "link/capabilities.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
 
-// Capabilities of a device, as far as several share them.
-constexpr quint32 SendMaskAvailable = 0x00000002;
-constexpr quint32 SerialSpeed = 0x00000004;
-constexpr quint32 UsbWakeup = 0x00000008;
-constexpr quint32 PowerOn = 0x00000010;
-constexpr quint32 ExternalReceivers = 0x00000020;
-constexpr quint32 NoPowerOn = 0x00000080;
-constexpr quint32 Translator = 0x00000200;
-constexpr quint32 SecondReceiver = 0x00000800; // of kinds E and G: a LAN controller
-constexpr quint32 BusSpeed = 0x00001000;
-constexpr quint32 LedBoxes = 0x00004000;
-constexpr quint32 PowerOff = 0x00200000;
-constexpr quint32 AuxSpeed = 0x01000000;
-constexpr quint32 IrDatabase = 0x02000000;
-constexpr quint32 PageFiles = 0x80000000;
+using namespace Capability;
 
 struct DeviceRow {
     int bus;
@@ -33,32 +21,28 @@ struct DeviceRow {
 };
 
 constexpr DeviceRow deviceRows[] = {
-    {0, 0, u"U6.05.10",
-     SendMaskAvailable | UsbWakeup | PowerOn | SecondReceiver | BusSpeed | LedBoxes | PowerOff, 0x08802C80,
-     0xFFFF, 0x03, 0x04, 0x02},
-    {0, 3, u"B5.20.01", SendMaskAvailable | ExternalReceivers | BusSpeed, 0x00800000, 0x00FF, 0x07, 0x00,
-     0x01},
-    {0, 7, u"B4.04.12", SendMaskAvailable | NoPowerOn, 0, 0xFF00, 0x06, 0x00, 0x00},
-    {0, 15, u"X6.04.44", SendMaskAvailable | Translator | LedBoxes, 0, 0xFFFF, 0x03, 0x43, 0x00},
-    {1, 0, u"V5.20.00", SendMaskAvailable | UsbWakeup | BusSpeed, 0, 0xFFFF, 0x83, 0x00, 0x04},
-    {1, 1, u"C5.04.01", SendMaskAvailable, 0, 0x0001, 0x02, 0x00, 0x00},
-    {2, 0, u"S4.04.35", SendMaskAvailable | SerialSpeed | AuxSpeed | PowerOn, 0, 0xFFFF, 0x0B, 0x00, 0x67},
-    {2, 4, u"T5.08.12", SendMaskAvailable | SerialSpeed | BusSpeed, 0, 0x8001, 0x13, 0x80, 0x10},
-    {3, 1, u"D4.04.24", SendMaskAvailable | PowerOn, 0, 0x00B1, 0x03, 0x20, 0x00},
-    {3, 2, u"D5.20.01", SendMaskAvailable | PowerOn | LedBoxes, 0x00000400, 0x0112, 0x03, 0x03, 0x00},
-    {4, 0, u"E5.19.07", SendMaskAvailable | PowerOn, 0, 0xFFFF, 0x03, 0x00, 0x00},
-    {4, 6, u"E6.04.44", SendMaskAvailable | PowerOn | PowerOff | IrDatabase, 0x80004000, 0xFFFF, 0x23, 0x00,
-     0x00},
+    {0, 0, u"U6.05.10", SendMask | UsbWakeup | PowerOn | SecondReceiver | SerialBusSpeed | Leds | PowerOff,
+     0x08802C80, 0xFFFF, 0x03, 0x04, 0x02},
+    {0, 3, u"B5.20.01", SendMask | ExternalReceivers | SerialBusSpeed, 0x00800000, 0x00FF, 0x07, 0x00, 0x01},
+    {0, 7, u"B4.04.12", SendMask | NoPowerOn, 0, 0xFF00, 0x06, 0x00, 0x00},
+    {0, 15, u"X6.04.44", SendMask | Translator | Leds, 0, 0xFFFF, 0x03, 0x43, 0x00},
+    {1, 0, u"V5.20.00", SendMask | UsbWakeup | SerialBusSpeed, 0, 0xFFFF, 0x83, 0x00, 0x04},
+    {1, 1, u"C5.04.01", SendMask, 0, 0x0001, 0x02, 0x00, 0x00},
+    {2, 0, u"S4.04.35", SendMask | SerialPort | AuxSpeed | PowerOn, 0, 0xFFFF, 0x0B, 0x00, 0x67},
+    {2, 4, u"T5.08.12", SendMask | SerialPort | SerialBusSpeed, 0, 0x8001, 0x13, 0x80, 0x10},
+    {3, 1, u"D4.04.24", SendMask | PowerOn, 0, 0x00B1, 0x03, 0x20, 0x00},
+    {3, 2, u"D5.20.01", SendMask | PowerOn | Leds, 0x00000400, 0x0112, 0x03, 0x03, 0x00},
+    {4, 0, u"E5.19.07", SendMask | PowerOn, 0, 0xFFFF, 0x03, 0x00, 0x00},
+    {4, 6, u"E6.04.44", SendMask | PowerOn | PowerOff | Database, 0x80004000, 0xFFFF, 0x23, 0x00, 0x00},
     {5, 0, u"G6.05.10",
-     SendMaskAvailable | PowerOn | SecondReceiver | LedBoxes | PowerOff | AuxSpeed | IrDatabase | Translator |
-         PageFiles,
+     SendMask | PowerOn | SecondReceiver | Leds | PowerOff | AuxSpeed | Database | Translator | Pages,
      0x80FE4000, 0xFFFF, 0x03, 0x0C, 0x00},
     {6, 1, u"L1.09.00", 0, 0, 0x0000, 0x00, 0x00, 0x00},
     {6, 2, u"L2.01.00", 0, 0, 0x0031, 0x00, 0x00, 0x00},
     {6, 9, u"L3.01.01", 0, 0, 0x0112, 0x00, 0x80, 0x08},
-    {7, 2, u"X5.03.11", SendMaskAvailable | Translator, 0, 0x0F0F, 0x03, 0x03, 0x00},
+    {7, 2, u"X5.03.11", SendMask | Translator, 0, 0x0F0F, 0x03, 0x03, 0x00},
     {8, 0, u"Y5.04.00", PowerOn, 0, 0x0000, 0x43, 0x00, 0x00},
-    {8, 5, u"B5.03.02RC", SendMaskAvailable, 0, 0xFFFF, 0x02, 0x00, 0x00},
+    {8, 5, u"B5.03.02RC", SendMask, 0, 0xFFFF, 0x02, 0x00, 0x00},
     {9, 0, u"F6.01.02", PowerOn, 0, 0x0600, 0x03, 0x00, 0x00},
 };
 
@@ -116,7 +100,7 @@ DeviceEntry MakeDevice(const DeviceRow& row) {
         entry.HotRemote = u"tv"_s;
         entry.HotCommand = u"power"_s;
     }
-    if (row.capabilities & PageFiles)
+    if (row.capabilities & Pages)
         AddLanMarker(entry);
     else if (row.capabilities & PowerOff) {
         entry.HotRemote2 = u"amp"_s;

@@ -120,10 +120,7 @@ RecordSet SmallTranslatorSet(const QString& name) {
     return set.Set();
 }
 
-// Flags and kinds of database elements.
-constexpr quint8 RemoteKind = 8;
-constexpr quint8 FirstActionKind = 10;
-constexpr int ActionGroups = 8;
+// Flags of database elements.
 constexpr quint8 RemoteUsesDefault = 0x01;
 constexpr quint8 ActionUsesDefault = 0x02;
 
@@ -134,7 +131,7 @@ void AddElement(RecordSet& set, IRDBElementRecord element) {
 
 void AddRemoteProperties(RecordSet& set, const QString& remote, const QByteArray& action) {
     IRDBElementRecord element;
-    element.ElementKind = RemoteKind;
+    element.ElementKind = IRDBElementRecord::Remote;
     element.ElementFlags = RemoteUsesDefault;
     element.remote = remote;
     element.action = action + '\0';
@@ -143,12 +140,13 @@ void AddRemoteProperties(RecordSet& set, const QString& remote, const QByteArray
 
 void AddActions(RecordSet& set, const QString& remote, const QString& command, char relay,
                 const QByteArrayList& texts) {
-    for (int group = 0; group < ActionGroups; ++group) {
+    using Element = IRDBElementRecord;
+    for (quint8 kind = Element::FirstAction; kind <= Element::LastAction; ++kind) {
         IRDBElementRecord element;
         element.RelayByte = quint8(relay);
-        element.ElementKind = quint8(FirstActionKind + group);
+        element.ElementKind = kind;
         element.ElementFlags = ActionUsesDefault;
-        element.action = texts.value(group);
+        element.action = texts.value(kind - Element::FirstAction);
         element.dataLength = quint8(element.action.size());
         element.remote = remote;
         element.command = command;

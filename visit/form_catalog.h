@@ -10,6 +10,7 @@
 #include "device/frmStartupText.h"
 #include "learn/frmCCF.h"
 #include "learn/frmProgramm.h"
+#include "link/capabilities.h"
 #include "panel/frmIP.h"
 #include "tools/frmAbout.h"
 #include "tools/frmAnalogIO.h"
@@ -80,9 +81,7 @@ inline std::vector<std::function<Form*()>> FormMakers(const FormServices& servic
         [=, &s] { return new frmAbout(s, title, parent); },
         [=, &s] { return new frmAnalogIO(s, parent); },
         [=, &s] { return new frmCCF(s, frmCCF::Face::Ccf, {}, {}, parent); },
-        [=, &s, &status] {
-            return new frmDeviceDB(s, ListDevices(status, StatusStore::HasDatabase), parent);
-        },
+        [=, &s, &status] { return new frmDeviceDB(s, ListDevices(status, Capability::Database), parent); },
         [=, &s] { return new frmDeviceMode(s, CatalogBuses(), parent); },
         [=, &s, &status] { return new frmHTML(s, status, parent); },
         [=, &s] { return new frmIP(s, parent); },

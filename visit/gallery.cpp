@@ -45,7 +45,7 @@ bool Connect(Session& session, frmRemote& window, StatusStore& status, quint16 p
     if (!QTest::qWaitFor([&] { return !window.Panel().cmdRem.empty(); }))
         return false;
     status.Request();
-    return QTest::qWaitFor([&] { return status.DeviceCount() > 0; });
+    return QTest::qWaitFor([&] { return status.BusTotal() > 0; });
 }
 
 bool MakePictures(const QString& folder, const QString& word, const QString& suffix) {

@@ -52,11 +52,11 @@ inline std::vector<CatalogReply> CatalogReplies() {
     const QByteArray names = CatalogPage(NameElement{text});
     IRDBElementRecord remote;
     remote.number = 1;
-    remote.ElementKind = 8;
+    remote.ElementKind = IRDBElementRecord::Remote;
     remote.remote = text;
     IRDBElementRecord action = remote;
     action.number = 2;
-    action.ElementKind = 10;
+    action.ElementKind = IRDBElementRecord::FirstAction;
     action.command = text;
     action.action = "say";
     action.dataLength = 3;

@@ -1,6 +1,7 @@
 #include "app/menu_forms.h"
 
 #include "device/device_settings_view.h"
+#include "link/capabilities.h"
 
 #include <QHash>
 
@@ -21,7 +22,7 @@ MenuForms::MenuForms(const FormServices& services, QWidget* mainWindow)
     connect(&status, &StatusStore::DatabaseWanted, this, [this](bool found) {
         UnloadWait();
         if (found)
-            database.Load(this->services, ListDevices(status, StatusStore::HasDatabase), this->mainWindow)
+            database.Load(this->services, ListDevices(status, Capability::Database), this->mainWindow)
                 .ShowModal();
         else
             TellNoDevice(u"No Vantrel Device with IR DB connected to your system."_s);
@@ -90,7 +91,7 @@ void MenuForms::OpenDevices() {
     if (std::any_of(forms.begin(), forms.end(),
                     [](Form* form) { return form->isVisible() && form->isModal(); }))
         return;
-    const auto buses = ReadBuses(status);
+    const auto buses = status.Buses();
     if (const auto only = OnlyDevice(buses))
         OpenDeviceSettings(services, *FindDevice(buses, *only), *only, DeviceOrigin::Single, mainWindow,
                            [] {});

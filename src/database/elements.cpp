@@ -76,7 +76,7 @@ const KeyedNode* NodeOf(const KeyedTree& tree, const IRDBElementRecord& element,
 
 /// What an action element of a command goes into: the first begins a new tag.
 ActionTag TagBefore(const KeyedNode& node, const IRDBElementRecord& element) {
-    if (element.ElementKind != DatabaseElement::FirstAction)
+    if (element.ElementKind != IRDBElementRecord::FirstAction)
         if (const auto tag = ActionTag::Parse(node.Tag()))
             return *tag;
     ActionTag tag;
@@ -88,7 +88,7 @@ ActionTag TagBefore(const KeyedNode& node, const IRDBElementRecord& element) {
 
 IRDBElementRecord DatabaseElement::OfRemote(const QString& remote, const QString& tag) {
     IRDBElementRecord element;
-    element.ElementKind = Remote;
+    element.ElementKind = IRDBElementRecord::Remote;
     element.remote = remote;
     if (const auto parsed = RemoteTag::Parse(tag)) {
         using namespace RemoteFlag;
@@ -104,7 +104,7 @@ IRDBElementRecord DatabaseElement::OfAction(const QString& remote, const QString
     using namespace ActionFlag;
     const ActionGroup& action = tag.groups[size_t(group)];
     IRDBElementRecord element;
-    element.ElementKind = quint8(FirstAction + group);
+    element.ElementKind = quint8(IRDBElementRecord::FirstAction + group);
     element.RelayByte = RelayByteOf(tag);
     element.ElementFlags = FlagsOf(action.target, Default, Udp, Aux, Aux2);
     if (action.binary)
@@ -148,8 +148,8 @@ std::vector<DatabaseElement::Applied> DatabaseElement::Apply(KeyedTree& tree,
         command = nullptr;
     };
     for (const IRDBElementRecord& element : elements) {
-        const bool isAction = element.ElementKind >= FirstAction && element.ElementKind <= LastAction;
-        if (!isAction && element.ElementKind != Remote) {
+        const bool isAction = element.IsAction();
+        if (!isAction && !element.IsRemote()) {
             applied.push_back(Applied::UnknownKind);
             continue;
         }
@@ -161,12 +161,12 @@ std::vector<DatabaseElement::Applied> DatabaseElement::Apply(KeyedTree& tree,
             DatabaseTree::SetTag(tree, node->Key(), RemoteTagOf(element).Format());
             continue;
         }
-        if (node != command || element.ElementKind == FirstAction) {
+        if (node != command || element.ElementKind == IRDBElementRecord::FirstAction) {
             writeTag();
             command = node;
             tag = TagBefore(*node, element);
         }
-        tag.groups[size_t(element.ElementKind - FirstAction)] = ActionGroupOf(element);
+        tag.groups[size_t(element.ElementKind - IRDBElementRecord::FirstAction)] = ActionGroupOf(element);
     }
     writeTag();
     return applied;

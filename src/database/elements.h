@@ -11,11 +11,6 @@ class KeyedTree;
 /// A node's tag as elements of a database on the wire, and back. The number of an element is the sender's.
 namespace DatabaseElement {
 
-/// Kinds of element. Action group g of a command has kind `FirstAction` + g.
-constexpr quint8 Remote = 8;
-constexpr quint8 FirstAction = 10;
-constexpr quint8 LastAction = FirstAction + ActionTag::Groups - 1;
-
 IRDBElementRecord OfRemote(const QString& remote, const QString& tag);
 /// `group` from 0 to 7. Data beyond 255 bytes, the most that the length of an element can say, is cut.
 IRDBElementRecord OfAction(const QString& remote, const QString& command, const ActionTag& tag, int group);

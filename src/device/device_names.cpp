@@ -1,7 +1,7 @@
 #include "device/device_names.h"
 
 #include "base/firmware.h"
-#include "device/capabilities.h"
+#include "link/capabilities.h"
 
 #include <algorithm>
 
@@ -68,16 +68,15 @@ QString FirmwareText(const DeviceEntry& device) {
     return text;
 }
 
-qint16 DeviceTag(DevicePlace place) {
-    return qint16(place.bus * 256 + place.address);
-}
-
-QString PlaceText(DevicePlace place) {
-    return QString::number(place.bus) + u'.' + QString::number(place.address);
+QString MacText(const DeviceEntry& device) {
+    constexpr int MacBytes = 6;
+    if (!device.HotRemote2.startsWith(LanMarker))
+        return {};
+    return QString::fromLatin1(device.HotCommand2.leftJustified(MacBytes, '\0', true).toHex('-').toUpper());
 }
 
 QString DeviceKey(char16_t letter, DevicePlace place) {
-    return letter + PlaceText(place);
+    return letter + place.Text();
 }
 
 QString BusKey(int bus) {

@@ -3,7 +3,7 @@
 // Room device: what the devices are and how they are set. Includes base, link and language; the upper half
 // also forms.
 
-#include "link/replies.h"
+#include "link/status_store.h"
 
 #include <optional>
 
@@ -44,18 +44,8 @@ QString FirmwareText(const DeviceEntry& device);
 /// From this firmware on a device has the extended settings.
 inline constexpr QStringView ExtendedSettingsFrom = u"5.20.01";
 
-/// Where a device is.
-struct DevicePlace {
-    int bus = 0;     ///< 0 to 63
-    int address = 0; ///< 0 to 15
-
-    bool operator==(const DevicePlace&) const = default;
-};
-
-/// The number by which a device picked in the tree is named to the server: bus * 256 + address.
-qint16 DeviceTag(DevicePlace place);
-/// "10.3"
-QString PlaceText(DevicePlace place);
+/// The MAC address in `HotCommand2` as text, "00-1A-..."; empty if `HotRemote2` doesn't begin with LanMarker.
+QString MacText(const DeviceEntry& device);
 
 /// The key of a device's node in the device tree, such as "D10.3". `letter` tells its nodes apart.
 QString DeviceKey(char16_t letter, DevicePlace place);

@@ -8,8 +8,8 @@ using namespace Qt::StringLiterals;
 Form* OpenDeviceSettings(const FormServices& services, const DeviceEntry& device, DevicePlace place,
                          DeviceOrigin origin, QWidget* parent, const std::function<void()>& sent) {
     const bool isTree = origin == DeviceOrigin::Tree;
-    const qint32 target = isTree ? DeviceTag(place) : place.address;
-    const QString address = u"Vantrel Address: "_s + PlaceText(place);
+    const qint32 target = isTree ? place.DeviceTag() : place.address;
+    const QString address = u"Vantrel Address: "_s + place.Text();
     const auto open = [&](auto* form) {
         QObject::connect(form, &std::remove_pointer_t<decltype(form)>::SettingsSent, parent, sent);
         form->ShowModal();

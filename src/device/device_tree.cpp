@@ -57,20 +57,6 @@ void AddDevice(KeyedTree& tree, const DeviceBus& bus, const DeviceBus::Device& d
 
 } // namespace
 
-std::vector<DeviceBus> ReadBuses(const StatusStore& status) {
-    std::vector<DeviceBus> buses;
-    for (int page = 0; page < status.PageCount(); ++page)
-        for (int t = 0; t < status.BusesOn(page); ++t) {
-            DeviceBus& bus = buses.emplace_back();
-            bus.number = page * StatusHead::Buses + t;
-            bus.localAddress = status.LocalAddress(page, t);
-            for (int address = 0; address < StatusHead::Addresses; ++address)
-                if (status.IsOccupied(page, t, address))
-                    bus.devices.push_back({address, status.Device(page, t, address)});
-        }
-    return buses;
-}
-
 const DeviceEntry* FindDevice(const std::vector<DeviceBus>& buses, DevicePlace place) {
     for (const DeviceBus& bus : buses)
         if (bus.number == place.bus)

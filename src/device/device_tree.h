@@ -5,21 +5,6 @@
 #include "language/language.h"
 #include "link/status_store.h"
 
-/// A bus of the status and the devices on it.
-struct DeviceBus {
-    struct Device {
-        int address = 0; ///< 0 to 15
-        DeviceEntry entry;
-    };
-
-    int number = 0;
-    int localAddress = 0;        ///< address of its local device
-    std::vector<Device> devices; ///< in the order of their addresses
-};
-
-/// All buses of the present status, as it stands now.
-std::vector<DeviceBus> ReadBuses(const StatusStore& status);
-
 /// Null if there is none.
 const DeviceEntry* FindDevice(const std::vector<DeviceBus>& buses, DevicePlace place);
 /// The place of the only device; nothing if there is none, or more than one.

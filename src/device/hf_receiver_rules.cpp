@@ -1,6 +1,6 @@
 #include "device/hf_receiver_rules.h"
 
-#include "device/capabilities.h"
+#include "link/capabilities.h"
 
 #include <utility>
 

@@ -1,7 +1,7 @@
 #include "device/set_modus_ex_clicks.h"
 
-#include "device/ext_capabilities.h"
 #include "device/set_modus_ex_lists.h"
+#include "link/capabilities.h"
 
 #include <algorithm>
 

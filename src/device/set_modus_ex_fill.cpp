@@ -1,11 +1,9 @@
-#include "device/capabilities.h"
 #include "device/device_names.h"
-#include "device/ext_capabilities.h"
-#include "device/mac_text.h"
 #include "device/set_modus_ex_clicks.h"
 #include "device/set_modus_ex_lists.h"
 #include "device/set_modus_ex_record.h"
 #include "device/set_modus_ex_rules.h"
+#include "link/capabilities.h"
 
 namespace ModusEx {
 

@@ -1,8 +1,7 @@
 #include "device/set_modus_ex_lists.h"
 
-#include "device/capabilities.h"
-#include "device/ext_capabilities.h"
 #include "device/set_modus_state.h"
+#include "link/capabilities.h"
 
 #include <numeric>
 

@@ -2,9 +2,8 @@
 
 #include "base/address_text.h"
 #include "base/number.h"
-#include "device/capabilities.h"
 #include "device/hf_receiver_rules.h"
-#include "device/mac_text.h"
+#include "link/capabilities.h"
 
 #include <algorithm>
 

@@ -17,8 +17,8 @@ constexpr int AddressWidth = 16;
 
 } // namespace
 
-QString TextOfDevice(const DeviceEntry& device, int bus, int address) {
-    QString text = u"%1.%2 - "_s.arg(bus).arg(address);
+QString TextOfDevice(const DeviceEntry& device, DevicePlace place) {
+    QString text = place.Text() + u" - "_s;
     text += WithoutBlanks(device.Version);
     const QStringView network = device.HotRemote2;
     if (network.size() > NameStart) {
@@ -32,15 +32,11 @@ QString TextOfDevice(const DeviceEntry& device, int bus, int address) {
 
 std::vector<ListedDevice> ListDevices(const StatusStore& status, quint32 capability) {
     std::vector<ListedDevice> devices;
-    for (int page = 0; page < status.PageCount(); ++page)
-        for (int t = 0; t < status.BusesOn(page); ++t)
-            for (int address = 0; address < StatusHead::Addresses; ++address) {
-                if (!status.IsOccupied(page, t, address) ||
-                    (status.Capabilities(page, t, address) & capability) == 0)
-                    continue;
-                const int bus = page * StatusHead::Buses + t;
-                const DeviceEntry device = status.Device(page, t, address);
-                devices.push_back({TextOfDevice(device, bus, address), bus * 256 + address, device.Version});
+    for (const DeviceBus& bus : status.Buses())
+        for (const auto& [address, entry] : bus.devices)
+            if ((entry.Capabilities & capability) != 0) {
+                const DevicePlace place{bus.number, address};
+                devices.push_back({TextOfDevice(entry, place), place.DeviceTag(), entry.Version});
             }
     return devices;
 }

@@ -274,10 +274,17 @@ struct IRDBGlobalRecord {
 struct IRDBElementRecord {
     static constexpr const char* Name = "IRDBElementRecord";
     static constexpr int Size = 392;
+    /// @name Kinds of element: a remote, or an action group of a command; group g is FirstAction + g, g from
+    /// 0 to 7
+    /// @{
+    static constexpr quint8 Remote = 8;
+    static constexpr quint8 FirstAction = 10;
+    static constexpr quint8 LastAction = 17;
+    /// @}
 
     qint32 number = 0; ///< 1 for the first element of a transfer, counting up
     quint8 RelayByte = 0;
-    quint8 ElementKind = 0; ///< 8: a remote; 10 to 17: action group 0 to 7 of a command
+    quint8 ElementKind = 0;
     quint8 ElementFlags = 0;
     quint8 dataLength = 0; ///< bytes of `action` in use
     qint32 ip = 0;         ///< highest byte: first number of the address
@@ -285,6 +292,9 @@ struct IRDBElementRecord {
     QString remote;
     QString command;
     QByteArray action; ///< text in code page 1252, or binary data
+
+    bool IsRemote() const { return ElementKind == Remote; }
+    bool IsAction() const { return ElementKind >= FirstAction && ElementKind <= LastAction; }
 
     template <class Fields, class Record> static void Layout(Fields& fields, Record& r) {
         using enum Wire::TextForm;

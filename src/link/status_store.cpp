@@ -1,5 +1,7 @@
 #include "link/status_store.h"
 
+#include "link/capabilities.h"
+
 #include <algorithm>
 
 namespace {
@@ -7,11 +9,14 @@ namespace {
 constexpr int VersionOffset = 36; ///< in a device entry
 constexpr int VersionKept = 8;    ///< characters of `Version` that count; the others become blanks
 constexpr int VersionWidth = 10;
-constexpr int CapabilitiesOffset = 12;
 constexpr int LocalAddressOffset = 4;
 constexpr int PageBusesOffset = 3;
 
 } // namespace
+
+QString DevicePlace::Text() const {
+    return QString::number(bus) + u'.' + QString::number(address);
+}
 
 StatusStore::StatusStore(Session& session, QObject* parent)
     : QObject(parent)
@@ -59,57 +64,38 @@ void StatusStore::Complete() {
     if (std::exchange(OpenHTML, false))
         emit HtmlWanted();
     else if (std::exchange(OpenDatabase, false))
-        emit DatabaseWanted(HasDevice(HasDatabase));
+        emit DatabaseWanted(HasDevice(Capability::Database));
     else if (std::exchange(OpenTranslator, false))
-        emit TranslatorWanted(HasDevice(HasTranslator));
+        emit TranslatorWanted(HasDevice(Capability::Translator));
     else
         emit DevicesWanted();
 }
 
-int StatusStore::BusesOn(int page) const {
-    const QByteArray& bytes = StatusPages[size_t(page)];
-    return bytes.isEmpty() ? 0 : bytes[PageBusesOffset];
-}
-
-int StatusStore::LocalAddress(int page, int bus) const {
-    const QByteArray& bytes = StatusPages[size_t(page)];
-    return bytes.isEmpty() ? 0 : quint8(bytes[LocalAddressOffset + bus]);
-}
-
-const char* StatusStore::Entry(int page, int bus, int address) const {
-    const QByteArray& bytes = StatusPages[size_t(page)];
-    return bytes.isEmpty() ? nullptr : bytes.constData() + StatusHead::EntryOffset(bus, address);
-}
-
-bool StatusStore::IsOccupied(int page, int bus, int address) const {
-    const char* entry = Entry(page, bus, address);
-    return entry != nullptr && entry[VersionOffset] != '\0';
-}
-
-DeviceEntry StatusStore::Device(int page, int bus, int address) const {
-    const char* entry = Entry(page, bus, address);
-    return entry == nullptr ? DeviceEntry() : Decode<DeviceEntry>({entry, DeviceEntry::Size});
-}
-
-quint32 StatusStore::Capabilities(int page, int bus, int address) const {
-    const char* entry = Entry(page, bus, address);
-    return entry == nullptr ? 0 : Wire::Get<quint32>(entry + CapabilitiesOffset);
-}
-
-int StatusStore::DeviceCount() const {
-    int count = 0;
-    for (int page = 0; page < PageCount(); ++page)
-        for (int bus = 0; bus < BusesOn(page); ++bus)
-            for (int address = 0; address < StatusHead::Addresses; ++address)
-                count += IsOccupied(page, bus, address) ? 1 : 0;
-    return count;
+std::vector<DeviceBus> StatusStore::Buses() const {
+    std::vector<DeviceBus> buses;
+    // Pages beyond the total are from an earlier status.
+    for (int first = 0; first < busTotal; first += StatusHead::Buses) {
+        const QByteArrayView page = StatusPages[size_t(first / StatusHead::Buses)];
+        const int count = page.isEmpty() ? 0 : page[PageBusesOffset];
+        for (int bus = 0; bus < count; ++bus) {
+            DeviceBus& read = buses.emplace_back();
+            read.number = first + bus;
+            read.localAddress = quint8(page[LocalAddressOffset + bus]);
+            for (int address = 0; address < StatusHead::Addresses; ++address) {
+                const auto entry = page.sliced(StatusHead::EntryOffset(bus, address), DeviceEntry::Size);
+                if (entry[VersionOffset] != '\0')
+                    read.devices.push_back({address, Decode<DeviceEntry>(entry)});
+            }
+        }
+    }
+    return buses;
 }
 
 bool StatusStore::HasDevice(quint32 capability) const {
-    for (int page = 0; page < PageCount(); ++page)
-        for (int bus = 0; bus < BusesOn(page); ++bus)
-            for (int address = 0; address < StatusHead::Addresses; ++address)
-                if (IsOccupied(page, bus, address) && (Capabilities(page, bus, address) & capability) != 0)
-                    return true;
-    return false;
+    const auto buses = Buses();
+    return std::any_of(buses.begin(), buses.end(), [capability](const DeviceBus& bus) {
+        return std::any_of(bus.devices.begin(), bus.devices.end(), [capability](const auto& device) {
+            return (device.entry.Capabilities & capability) != 0;
+        });
+    });
 }

@@ -2,6 +2,31 @@
 
 #include "link/session.h"
 
+/// Where a device is.
+struct DevicePlace {
+    int bus = 0;     ///< 0 to 63
+    int address = 0; ///< 0 to 15
+
+    bool operator==(const DevicePlace&) const = default;
+
+    /// By this number the server is told of it: bus * 256 + address.
+    constexpr qint16 DeviceTag() const { return qint16(bus * 256 + address); }
+    /// "10.3"
+    QString Text() const;
+};
+
+/// A bus of the status and the devices on it.
+struct DeviceBus {
+    struct Device {
+        int address = 0; ///< 0 to 15
+        DeviceEntry entry;
+    };
+
+    int number = 0;
+    int localAddress = 0;        ///< address of its local device
+    std::vector<Device> devices; ///< in the order of their addresses
+};
+
 /// The device status: a snapshot of every device on every bus, fetched page by page when somebody needs it
 /// and kept until the next one. The only copy of device data in the program; who reads it must not write into
 /// it.
@@ -13,13 +38,6 @@ class StatusStore : public QObject {
 public:
     static constexpr int Pages = 8;
     static constexpr int MostBuses = Pages * StatusHead::Buses;
-
-    /// @name Bits of `Capabilities` that decide which device can open a dialog
-    /// @{
-    static constexpr quint32 HasTranslator = 0x00000200;
-    static constexpr quint32 HasDatabase = 0x02000000;
-    static constexpr quint32 HasPages = 0x80000000; ///< it serves web pages of its own
-    /// @}
 
     explicit StatusStore(Session& session, QObject* parent = nullptr);
 
@@ -37,23 +55,10 @@ public:
     /// Buses of the last status over all pages, at most MostBuses.
     int BusTotal() const { return busTotal; }
 
-    /// Pages of the present status; what stands beyond them is from an earlier one.
-    int PageCount() const { return (busTotal + StatusHead::Buses - 1) / StatusHead::Buses; }
+    /// The buses of the present status by their numbers; fewer than BusTotal while pages are missing.
+    std::vector<DeviceBus> Buses() const;
 
-    /// Buses of page `page`, 0 to 8; `PageBuses`.
-    int BusesOn(int page) const;
-
-    /// Address of the local device of a bus.
-    int LocalAddress(int page, int bus) const;
-
-    bool IsOccupied(int page, int bus, int address) const;
-    DeviceEntry Device(int page, int bus, int address) const;
-    quint32 Capabilities(int page, int bus, int address) const;
-
-    /// Slots of the present status that aren't empty.
-    int DeviceCount() const;
-
-    /// Whether any device of the present status has one of the bits.
+    /// Whether any device of the present status has one of the bits of Capability.
     bool HasDevice(quint32 capability) const;
 
 signals:
@@ -68,7 +73,6 @@ signals:
 private:
     void ProcessDeviceStatus(QByteArrayView page);
     void Complete();
-    const char* Entry(int page, int bus, int address) const;
 
     Session& session;
     std::array<QByteArray, Pages> StatusPages; ///< byte 3 of a stored page holds its `PageBuses`

@@ -1,6 +1,7 @@
 #include "tools/frmHTML.h"
 
 #include "forms/controls.h"
+#include "link/capabilities.h"
 #include "link/device_list.h"
 #include "tools/text_replies.h"
 
@@ -68,7 +69,7 @@ frmHTML::frmHTML(const FormServices& services, const StatusStore& status, QWidge
 
     Localize();
     services.session.SendTextLine(PageProtocol::AskForFiles.toString());
-    for (const ListedDevice& each : ListDevices(status, StatusStore::HasPages))
+    for (const ListedDevice& each : ListDevices(status, Capability::Pages))
         cmbDevice->addItem(each.text, each.tag);
     if (cmbDevice->count() > 0)
         cmbDevice->setCurrentIndex(0);

@@ -1,16 +1,10 @@
 #include "translator/translator_device.h"
 
+#include "link/capabilities.h"
+
 using namespace Qt::StringLiterals;
 
 namespace {
-
-// Bits of `Capabilities` and `ExtCapabilities`.
-constexpr quint32 Sbus = 0x00000002;
-constexpr quint32 Lan = 0x01000000;
-constexpr quint32 RelayNumbers = 0x08000000;
-constexpr quint32 ExtTwoRelays = 0x00000200;
-constexpr quint32 ExtSbusInput = 0x00004000;
-constexpr quint32 ExtIrInput = 0x00400000;
 
 constexpr int VersionWidth = 10;
 
@@ -31,46 +25,42 @@ bool TranslatorDevice::HasRelays() const {
 }
 
 bool TranslatorDevice::HasRelayNumbers() const {
-    return (capabilities & RelayNumbers) != 0 || HasTwoRelays();
+    return (capabilities & Capability::RelayNumbers) != 0 || HasTwoRelays();
 }
 
 bool TranslatorDevice::HasTwoRelays() const {
-    return (extCapabilities & ExtTwoRelays) != 0;
+    return (extCapabilities & ExtCapability::TwoRelays) != 0;
 }
 
 bool TranslatorDevice::HasLan() const {
-    return (capabilities & Lan) != 0;
+    return (capabilities & Capability::Lan) != 0;
 }
 
 bool TranslatorDevice::HasSbus() const {
-    return (capabilities & Sbus) != 0;
+    return (capabilities & Capability::SendMask) != 0;
 }
 
 bool TranslatorDevice::HasSbusInput() const {
-    return (extCapabilities & ExtSbusInput) != 0;
+    return (extCapabilities & ExtCapability::BusPortUses) != 0;
 }
 
 bool TranslatorDevice::HasIrInput() const {
-    return (extCapabilities & ExtIrInput) != 0;
+    return (extCapabilities & ExtCapability::IrInputState) != 0;
 }
 
 TranslatorDevices ListTranslatorDevices(const StatusStore& status) {
     TranslatorDevices devices;
-    for (int page = 0; page < status.PageCount(); ++page)
-        for (int bus = 0; bus < status.BusesOn(page); ++bus)
-            for (int address = 0; address < StatusHead::Addresses; ++address) {
-                if (!status.IsOccupied(page, bus, address) ||
-                    (status.Capabilities(page, bus, address) & StatusStore::HasTranslator) == 0)
-                    continue;
-                const DeviceEntry entry = status.Device(page, bus, address);
-                if (devices.rows.empty())
-                    devices.first = {entry.Version.left(1), entry.Version.mid(1), entry.Capabilities,
-                                     entry.ExtCapabilities};
-                const int number = page * StatusHead::Buses + bus;
-                devices.rows.push_back(
-                    {u"%1.%2 - %3"_s.arg(number).arg(address).arg(entry.Version, -VersionWidth),
-                     qint16(number * 256 + address)});
-            }
+    for (const DeviceBus& bus : status.Buses())
+        for (const auto& [address, entry] : bus.devices) {
+            if ((entry.Capabilities & Capability::Translator) == 0)
+                continue;
+            if (devices.rows.empty())
+                devices.first = {entry.Version.left(1), entry.Version.mid(1), entry.Capabilities,
+                                 entry.ExtCapabilities};
+            const DevicePlace place{bus.number, address};
+            devices.rows.push_back(
+                {place.Text() + u" - "_s + entry.Version.leftJustified(VersionWidth), place.DeviceTag()});
+        }
     return devices;
 }
 

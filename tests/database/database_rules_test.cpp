@@ -61,9 +61,9 @@ private slots:
         DeviceEntry device;
         device.Version = u"E6.04.44 "_s;
         device.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
-        QCOMPARE(TextOfDevice(device, 12, 6), u"12.6 - E6.04.44"_s);
+        QCOMPARE(TextOfDevice(device, {12, 6}), u"12.6 - E6.04.44"_s);
         device.HotRemote2 += u"x"_s + u"second name       "_s + u" first name     beyond"_s;
-        QCOMPARE(TextOfDevice(device, 0, 15), u"0.15 - E6.04.44 - first name - second name       "_s);
+        QCOMPARE(TextOfDevice(device, {0, 15}), u"0.15 - E6.04.44 - first name - second name       "_s);
     }
 
     /// Enabled thresholds (m)in (M)ax (h)ysteresis, names (r)/(R), LEDs (l)/(L), their la(b)el, (k)ind;

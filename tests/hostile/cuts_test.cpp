@@ -1,6 +1,7 @@
 #include "hostile/recorded_session.h"
 
 #include "app/program_rig.h"
+#include "link/capabilities.h"
 #include "practice/practice_server.h"
 
 #include <QComboBox>
@@ -327,11 +328,11 @@ private slots:
         stage.Check(set);
     }
 
-    void Translator() { CheckSets("mnuModus(13)", u"frmTranslator"_s, StatusStore::HasTranslator); }
-    void Database() { CheckSets("mnuModus(14)", u"frmDeviceDB"_s, StatusStore::HasDatabase); }
+    void Translator() { CheckSets("mnuModus(13)", u"frmTranslator"_s, Capability::Translator); }
+    void Database() { CheckSets("mnuModus(14)", u"frmDeviceDB"_s, Capability::Database); }
 
     void FreeSendAndWebPages() {
-        Stage stage(NoPage, u"G6.05.10"_s, StatusStore::HasPages);
+        Stage stage(NoPage, u"G6.05.10"_s, Capability::Pages);
         Scene send{.form = u"frmSendFree"_s, .exit = u"cmdCancel"_s, .enabled = {u"cmdCancel"_s}};
         const auto pick = [&](const QString& list) {
             stage.In<QComboBox>(send.form, list)->setCurrentIndex(0);
@@ -360,7 +361,7 @@ private slots:
 private:
     /// Opening, loading, and storing with a flash behind it: the dialogs of both kinds of sets.
     void CheckSets(const char* menu, const QString& form, quint32 capability) {
-        const bool isDatabase = capability == StatusStore::HasDatabase;
+        const bool isDatabase = capability == Capability::Database;
         Stage stage(NoPage, u"G6.05.10"_s, capability);
         const auto click = [&](const QString& name) { return [&, name] { stage.Click(form, name); }; };
         Scene open{.form = form, .exit = u"cmbExit"_s, .enabled = {u"cmdFlash"_s, u"cmbExit"_s}};

@@ -54,15 +54,14 @@ private slots:
     void Chain_data() {
         QTest::addColumn<int>("total");
         QTest::addColumn<QString>("requests");
-        QTest::addColumn<int>("lastPageBuses");
         QTest::addColumn<QStringList>("end");
         const QStringList devices = {u"devices"_s};
-        QTest::newRow("none") << 0 << u"69 / 0"_s << 0 << devices;
-        QTest::newRow("a full page") << 8 << u"69 / 0"_s << 8 << devices;
-        QTest::newRow("a page and one") << 9 << u"69 / 0; 43 / 8"_s << 1 << devices;
+        QTest::newRow("none") << 0 << u"69 / 0"_s << devices;
+        QTest::newRow("a full page") << 8 << u"69 / 0"_s << devices;
+        QTest::newRow("a page and one") << 9 << u"69 / 0; 43 / 8"_s << devices;
         const QString all = u"69 / 0; 43 / 8; 43 / 16; 43 / 24; 43 / 32; 43 / 40; 43 / 48; 43 / 56"_s;
-        QTest::newRow("as many as fit") << 64 << all << 8 << devices;
-        QTest::newRow("one too many") << 65 << all << 8 << QStringList{u"left out"_s, u"devices"_s};
+        QTest::newRow("as many as fit") << 64 << all << devices;
+        QTest::newRow("one too many") << 65 << all << QStringList{u"left out"_s, u"devices"_s};
     }
 
     void Chain() {
@@ -77,19 +76,18 @@ private slots:
         QTEST(link->server.Log(), "requests");
         QTEST(opened, "end");
         QCOMPARE(store->BusTotal(), qMin(total, 64));
-        QCOMPARE(store->PageCount(), (store->BusTotal() + 7) / 8);
-        QTEST(store->BusesOn(qMax(0, store->PageCount() - 1)), "lastPageBuses");
+        QCOMPARE(int(store->Buses().size()), store->BusTotal());
     }
 
     void Devices() {
         Answer(StatusPage(0, 2, {{0, 3, "U5.20.00", 0x02000001}, {1, 15, "S6.04.44xy"}, {2, 0, "X1"}}));
-        QCOMPARE(store->DeviceCount(), 2); // bus 2 is none of the two
-        QVERIFY(store->IsOccupied(0, 0, 3));
-        QVERIFY(!store->IsOccupied(0, 0, 2));
-        QCOMPARE(store->Device(0, 1, 15).Version, u"S6.04.44  "_s);
-        QCOMPARE(store->Capabilities(0, 0, 3), 0x02000001u);
-        QCOMPARE(store->LocalAddress(0, 1), 1);
-        QVERIFY(!store->IsOccupied(7, 0, 0));
+        const auto buses = store->Buses();
+        QCOMPARE(buses.size(), 2u); // bus 2 is none of the two
+        QCOMPARE(buses[0].devices.size(), 1u);
+        QCOMPARE(buses[0].devices[0].address, 3);
+        QCOMPARE(buses[0].devices[0].entry.Capabilities, 0x02000001u);
+        QCOMPARE(buses[1].localAddress, 1);
+        QCOMPARE(buses[1].devices[0].entry.Version, u"S6.04.44  "_s);
     }
 
     void Routing_data() {
