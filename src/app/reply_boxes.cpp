@@ -34,8 +34,7 @@ frmIRDBStatus& ReplyBoxes::DatabaseStatus() {
 void ReplyBoxes::ShowError(const ResultReply& result) {
     services.session.ErrorBoxOpen = true;
     ++errorBoxes;
-    const QString text = u"Result: [%1 - %2] "_s.arg(int(result.Code)).arg(result.Detail) + result.Text;
-    services.boxes.Show({QMessageBox::Warning, text, u"IR Error"_s},
+    services.boxes.Show({QMessageBox::Warning, ErrorText(result), u"IR Error"_s},
                         [this](bool) { services.session.ErrorBoxOpen = --errorBoxes > 0; });
 }
 

@@ -1,6 +1,6 @@
 #pragma once
 
-#include <QStringView>
+#include <QStringList>
 
 /// `text` without the blanks (U+0020, no other white space) at its ends.
 inline QStringView WithoutBlanks(QStringView text) {
@@ -9,4 +9,11 @@ inline QStringView WithoutBlanks(QStringView text) {
     while (text.endsWith(u' '))
         text.chop(1);
     return text;
+}
+
+/// The texts without the blanks at their ends.
+inline QStringList WithoutBlanks(QStringList texts) {
+    for (QString& text : texts)
+        text = WithoutBlanks(QStringView(text)).toString();
+    return texts;
 }

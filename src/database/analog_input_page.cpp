@@ -25,13 +25,6 @@ QStringList Leds() {
     return entries;
 }
 
-/// What a file brings may be longer than what can be typed, and isn't cut.
-void ShowText(TextBox* box, int typed, const QString& text) {
-    box->setMaxLength(qMax(typed, int(text.size())));
-    box->setText(text);
-    box->setCursorPosition(0);
-}
-
 } // namespace
 
 AnalogInputPage::AnalogInputPage(int index, QWidget* parent)
@@ -75,8 +68,7 @@ AnalogInputPage::Side AnalogInputPage::MakeSide(const QString& side, const QStri
     made.mask = MakeTextBox(name(u"txt"_s, u"Mask"_s), AnalogSide::MaskTyped, this);
     made.mask->setText(AnalogSide().mask);
     // As wide as few characters need, however long the names are.
-    made.remote->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    made.remote->setMinimumContentsLength(RemoteShown);
+    made.remote->SetColumns(RemoteShown);
     made.command->setMinimumWidth(fontMetrics().averageCharWidth() * CommandsShown);
     return made;
 }
@@ -166,10 +158,10 @@ void AnalogInputPage::SelectRemote(Side& side, const QString& name) {
 }
 
 void AnalogInputPage::Show(Side& side, const AnalogSide& values, const QString& threshold) {
-    ShowText(side.threshold, NumberTyped, threshold);
+    side.threshold->SetLongText(threshold);
     SelectRemote(side, values.remote);
-    ShowText(side.command, AnalogSide::CommandMax, values.command);
-    ShowText(side.mask, AnalogSide::MaskTyped, values.mask);
+    side.command->SetLongText(values.command);
+    side.mask->SetLongText(values.mask);
     side.led->setCurrentIndex(values.led);
 }
 
@@ -178,7 +170,7 @@ void AnalogInputPage::Show(const AnalogSettings& values) {
     (values.sendsToHost ? optAction : optSend)->setChecked(true);
     Show(min, values.min, values.minimum);
     Show(max, values.max, values.maximum);
-    ShowText(txtHys, NumberTyped, values.hysteresis);
+    txtHys->SetLongText(values.hysteresis);
 }
 
 void AnalogInputPage::Enable(Side& side, bool hasThreshold, bool sends, bool hasLed, bool isCleared) {

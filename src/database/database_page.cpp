@@ -41,13 +41,6 @@ const std::vector<FlagRow>& FlagRows() {
 constexpr size_t BinaryRow = 5;
 constexpr size_t LineRow = 6;
 
-/// What a file brings may be longer than what can be typed, and isn't cut.
-void ShowText(TextBox* box, int typed, const QString& text) {
-    box->setMaxLength(qMax(typed, int(text.size())));
-    box->setText(text);
-    box->setCursorPosition(0);
-}
-
 } // namespace
 
 DatabasePage::DatabasePage(KeyedTree& tree, QWidget* parent)
@@ -171,9 +164,9 @@ void DatabasePage::Show(const DatabaseSettings& values) {
     // From the last box up, so that what chkBinary rules for chkLine comes behind chkLine itself.
     for (size_t i = flags.size(); i-- > 0;)
         flags[i]->setChecked(values.*FlagRows()[i].value);
-    ShowText(txtAction, DatabaseSettings::ActionMax, values.actionFormat);
-    ShowText(txtOK, DatabaseSettings::StatusMax, values.okFormat);
-    ShowText(txtErr, DatabaseSettings::StatusMax, values.errorFormat);
+    txtAction->SetLongText(values.actionFormat);
+    txtOK->SetLongText(values.okFormat);
+    txtErr->SetLongText(values.errorFormat);
     for (int place = 0; place < AddressBoxes::Count; ++place)
         txtIP->Box(place)->setText(values.target.ip[size_t(place)]);
     txtPort->setText(values.target.port);

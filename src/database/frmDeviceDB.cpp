@@ -9,8 +9,7 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int AnalogTab = 1;
-constexpr quint8 AnalogCarrier = 15; ///< goes out with a request for the analog inputs
-constexpr int LinesHigh = 42;        ///< of the dialog, in lines of text, so that the tree shows enough
+constexpr int LinesHigh = 42; ///< of the dialog, in lines of text, so that the tree shows enough
 constexpr int NamesTold = 12;
 constexpr int NameShown = 18; ///< characters that a list of names shows at least
 
@@ -49,10 +48,8 @@ QLayout* frmDeviceDB::MakeFoot() {
     cmbDevice = MakeComboBox(u"cmbDevice"_s, {}, this);
     txtName = MakeEditableComboBox(u"txtName"_s, this);
     txtName->lineEdit()->setMaxLength(Wire::RemoteWidth);
-    for (ComboBox* list : {cmbDevice, static_cast<ComboBox*>(txtName)}) {
-        list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-        list->setMinimumContentsLength(NameShown);
-    }
+    for (ComboBox* list : {cmbDevice, static_cast<ComboBox*>(txtName)})
+        list->SetColumns(NameShown);
     cmdLoad = MakeButton(u"cmdLoad"_s, u"Laden"_s, this);
     cmdSave = MakeButton(u"cmdSave"_s, u"Speichern"_s, this);
     cmdFlash = MakeButton(u"cmdFlash"_s, u"Flashen"_s, this);
@@ -196,8 +193,7 @@ void frmDeviceDB::EnableButtons() {
 void frmDeviceDB::ReadAnalogInputs(int tab) {
     if (tab != AnalogTab)
         return;
-    services.session.carrier = AnalogCarrier;
-    services.session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
+    services.session.SendReadAnalog();
 }
 
 void frmDeviceDB::EndTransfer(DatabaseTransfer::Outcome outcome) {

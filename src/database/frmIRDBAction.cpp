@@ -21,11 +21,7 @@ frmIRDBAction::frmIRDBAction(const FormServices& services, const QString& tag,
     tabMode->Strip()->setUsesScrollButtons(false); // the form is made wide enough for all tabs
     tabMode->Strip()->setVisible(cuts.hasTabs);
     rows->addWidget(tabMode);
-    auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, this);
-    auto* cmdCancel = MakeButton(u"cmdCancel"_s, u"Abbrechen"_s, this);
-    rows->addLayout(MakeButtonRow({cmdOK, cmdCancel}));
-    connect(cmdOK, &QPushButton::clicked, this, &frmIRDBAction::Accept);
-    connect(cmdCancel, &QPushButton::clicked, this, &Form::Unload);
+    rows->addLayout(MakeOkAndCancel([this] { Accept(); }));
 
     Localize();
     cmbRelais->setAccessibleName(FromMnemonicText(fraRelay->title()));
@@ -73,5 +69,4 @@ void frmIRDBAction::Accept() {
     const QString result = ActionDialog::ActionResult(accepted);
     SetValues(accepted);
     emit TagChanged(result);
-    Unload();
 }

@@ -41,11 +41,7 @@ frmRemProperties::frmRemProperties(const FormServices& services, const QString& 
     for (QWidget* control : std::initializer_list<QWidget*>{lblIP, txtIP, lblPort, txtPort, chkDefault})
         control->setEnabled(hasTarget);
 
-    auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, this);
-    auto* cmdCancel = MakeButton(u"cmdCancel"_s, u"Abbrechen"_s, this);
-    rows->addRow(MakeButtonRow({cmdOK, cmdCancel}));
-    connect(cmdOK, &QPushButton::clicked, this, &frmRemProperties::Accept);
-    connect(cmdCancel, &QPushButton::clicked, this, &Form::Unload);
+    rows->addRow(MakeOkAndCancel([this] { Accept(); }));
 
     Localize();
     values = RemoteDialog::FromTag(tag);
@@ -63,5 +59,4 @@ void frmRemProperties::Accept() {
     const QString tag = RemoteDialog::ToTag(values);
     Show();
     emit TagChanged(tag);
-    Unload();
 }

@@ -2,17 +2,7 @@
 
 #include "base/blanks.h"
 
-namespace {
-
-QStringList Trimmed(const QStringList& names) {
-    QStringList trimmed;
-    trimmed.reserve(names.size());
-    for (const QString& name : names)
-        trimmed += WithoutBlanks(name).toString();
-    return trimmed;
-}
-
-} // namespace
+namespace {} // namespace
 
 DatabaseLists::DatabaseLists(Session& session, KeyedTree& tree, QObject* parent)
     : QObject(parent)
@@ -69,7 +59,7 @@ void DatabaseLists::TakeNames(ReplyType type) {
 void DatabaseLists::TakeRemotes() {
     if (state != State::Remotes)
         return;
-    remotes = Trimmed(session.NameList);
+    remotes = WithoutBlanks(session.NameList);
     tree.Clear();
     for (const QString& remote : std::as_const(remotes))
         DatabaseTree::AddRemote(tree, remote);
@@ -83,7 +73,7 @@ void DatabaseLists::TakeCommands(int target) {
     const bool isOurs = (target & (ListTarget::Database | ListTarget::DatabaseCommands)) != 0;
     if (!isOurs || state != State::Commands)
         return;
-    for (const QString& command : Trimmed(session.CommandList1))
+    for (const QString& command : WithoutBlanks(session.CommandList1))
         DatabaseTree::AddCommand(tree, remotes[remoteIndex], command);
     isAnswered = true;
     if (!isProbing)
@@ -95,7 +85,7 @@ void DatabaseLists::TakeSets() {
         return EndProbe();
     if (state == State::Sets)
         state = State::Idle;
-    emit SetsListed(Trimmed(session.NameList));
+    emit SetsListed(WithoutBlanks(session.NameList));
 }
 
 void DatabaseLists::Recover() {

@@ -26,6 +26,11 @@ ComboBox::ComboBox(const QString& name, QWidget* parent)
     });
 }
 
+void ComboBox::SetColumns(int columns) {
+    setSizeAdjustPolicy(AdjustToMinimumContentsLengthWithIcon);
+    setMinimumContentsLength(columns);
+}
+
 bool ComboBox::SelectByData(const QVariant& data) {
     const int index = findData(data);
     if (index >= 0)

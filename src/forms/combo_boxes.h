@@ -19,6 +19,9 @@ public:
     /// Removes an entry. If it was the selected one, nothing is selected.
     void RemoveEntry(int index);
 
+    /// Makes the box as wide as that many characters, however long its entries are.
+    void SetColumns(int columns);
+
     void showPopup() override;
 
 signals:

@@ -1,9 +1,12 @@
 #include "forms/form.h"
 
+#include "forms/controls.h"
 #include "forms/localize.h"
 
 #include <QCloseEvent>
 #include <QDrag>
+
+using namespace Qt::StringLiterals;
 
 Form::Form(const FormServices& services, const QString& name, const QString& caption, QWidget* parent)
     : QDialog(parent)
@@ -46,4 +49,15 @@ void Form::closeEvent(QCloseEvent* event) {
 
 void Form::Localize() {
     LocalizeForm(*this, services.language);
+}
+
+QLayout* Form::MakeOkAndCancel(const std::function<void()>& accept) {
+    auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, this);
+    auto* cmdCancel = MakeButton(u"cmdCancel"_s, u"Abbrechen"_s, this);
+    connect(cmdOK, &QPushButton::clicked, this, [this, accept] {
+        accept();
+        Unload();
+    });
+    connect(cmdCancel, &QPushButton::clicked, this, &Form::Unload);
+    return MakeButtonRow({cmdOK, cmdCancel});
 }

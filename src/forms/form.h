@@ -5,6 +5,8 @@
 
 #include <QDialog>
 
+#include <functional>
+
 /// What every form is handed: the session, the language and the door for message boxes. All three outlive it.
 struct FormServices {
     Session& session;
@@ -37,6 +39,10 @@ protected:
 
     /// Runs all texts through the language; the last step of a form's constructor.
     void Localize();
+
+    /// The foot of the form: OK, which calls `accept` and then unloads the form, and cancel, which only
+    /// unloads it.
+    QLayout* MakeOkAndCancel(const std::function<void()>& accept);
 
     FormServices services;
 };

@@ -58,12 +58,18 @@ QChar HexDigitsAndBlanks(QChar character) {
 }
 
 TextBox::TextBox(const QString& name, int maxLength, QWidget* parent)
-    : QLineEdit(parent) {
+    : QLineEdit(parent)
+    , typedLength(maxLength > 0 ? maxLength : this->maxLength()) {
     setObjectName(name);
-    if (maxLength > 0)
-        setMaxLength(maxLength);
+    setMaxLength(typedLength);
     if (maxLength > 0 && maxLength <= ShortLength)
         setSizePolicy(QSizePolicy::Fixed, sizePolicy().verticalPolicy());
+}
+
+void TextBox::SetLongText(const QString& text) {
+    setMaxLength(qMax(typedLength, int(text.size())));
+    setText(text);
+    setCursorPosition(0);
 }
 
 void TextBox::SetFilter(CharacterFilter filter, TextRule rule) {

@@ -32,8 +32,14 @@ public:
     /// bring a text against `rule` is refused as a whole.
     void SetFilter(CharacterFilter filter, TextRule rule = nullptr);
 
+    /// Shows the text uncut from its start, though it may be longer than what can be typed.
+    void SetLongText(const QString& text);
+
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+
+private:
+    int typedLength; ///< what can be typed, in characters
 };
 
 /// A box from which the focus moves on: when a digit is typed while the box holds two characters or more, the

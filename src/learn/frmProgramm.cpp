@@ -155,10 +155,7 @@ void frmProgramm::ChooseBusEntry(int index) {
 }
 
 void frmProgramm::FillRemoteCombo() {
-    QStringList names = services.session.NameList;
-    for (QString& name : names)
-        name = WithoutBlanks(name).toString();
-    txtRemote->SetEntries(names);
+    txtRemote->SetEntries(WithoutBlanks(services.session.NameList));
     EnableOpening();
 }
 
@@ -279,10 +276,7 @@ void frmProgramm::TickProgress() {
     Session& session = services.session;
     if (!std::exchange(session.LateLearnError, false))
         return;
-    const ResultReply& result = session.LateLearnResult;
-    services.boxes.Show({QMessageBox::Warning,
-                         u"Result: [%1 - %2] "_s.arg(int(result.Code)).arg(result.Detail) + result.Text,
-                         u"IR Error"_s});
+    services.boxes.Show({QMessageBox::Warning, ErrorText(session.LateLearnResult), u"IR Error"_s});
 }
 
 void frmProgramm::EndWait() {

@@ -75,6 +75,11 @@ struct ResultReply {
     }
 };
 
+/// What the box of an error says.
+inline QString ErrorText(const ResultReply& result) {
+    return QStringLiteral("Result: [%1 - %2] ").arg(int(result.Code)).arg(result.Detail) + result.Text;
+}
+
 /// The server's decoded form of a learned code. The client takes it off the wire and shows nothing of it.
 struct LearnedDataReply {
     static constexpr const char* Name = "LearnedDataReply";

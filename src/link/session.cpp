@@ -78,6 +78,12 @@ bool Session::SendRemoteCommand(Netcommand netcommand, const QString& remote, co
     return sent;
 }
 
+bool Session::SendReadAnalog() {
+    constexpr quint8 AnalogCarrier = 15;
+    carrier = AnalogCarrier;
+    return SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
+}
+
 bool Session::SendModeCommand(const ModeRequest& request) {
     return Send(Encode(request));
 }

@@ -104,6 +104,8 @@ public:
     bool SendHello(qint32 value = 0);
     bool SendRemoteCommand(Netcommand netcommand, const QString& remote, const QString& command,
                            qint32 param);
+    /// Asks for the analog inputs, which the carrier of 15 does; it stays.
+    bool SendReadAnalog();
     bool SendModeCommand(const ModeRequest& request);
     /// At most Wire::SerialTextMax characters; a longer text isn't sent and emits SendFailed(TextTooLong).
     bool SocketSendRS232(const QString& text, qint32 param);

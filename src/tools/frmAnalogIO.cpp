@@ -11,7 +11,6 @@ using namespace Qt::StringLiterals;
 namespace {
 
 constexpr int PollInterval = 1000; ///< milliseconds
-constexpr quint8 AnalogCarrier = 15;
 constexpr QStringView WidestValue = u"-327.68 °C";
 
 } // namespace
@@ -63,8 +62,7 @@ void frmAnalogIO::Poll() {
     // The values stay grey. A box every second would be of no help.
     if (!services.session.CanAsk())
         return;
-    services.session.carrier = AnalogCarrier;
-    services.session.SendRemoteCommand(Netcommand::ReadAnalog, {}, {}, 0);
+    services.session.SendReadAnalog();
 }
 
 void frmAnalogIO::Tick() {

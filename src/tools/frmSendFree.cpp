@@ -15,18 +15,9 @@ constexpr int NameColumns = 32; ///< characters for which the boxes of names hav
 EditableComboBox* MakeNameBox(const QString& name, QWidget* parent) {
     auto* box = MakeEditableComboBox(name, parent);
     // As wide as the form, not as the longest of a thousand names.
-    box->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    box->setMinimumContentsLength(NameColumns);
+    box->SetColumns(NameColumns);
     box->setMaxVisibleItems(20);
     return box;
-}
-
-QStringList Trimmed(const QStringList& names) {
-    QStringList trimmed;
-    trimmed.reserve(names.size());
-    for (const QString& name : names)
-        trimmed += WithoutBlanks(name).toString();
-    return trimmed;
 }
 
 QStringList LedEntries() {
@@ -93,11 +84,11 @@ void frmSendFree::AskForCommands(const QString& remote) {
 }
 
 void frmSendFree::FillRemoteCombo() {
-    txtRemote->SetEntries(Trimmed(services.session.NameList));
+    txtRemote->SetEntries(WithoutBlanks(services.session.NameList));
 }
 
 void frmSendFree::FillCommandCombo() {
-    txtCommand->SetEntries(Trimmed(services.session.CommandList3));
+    txtCommand->SetEntries(WithoutBlanks(services.session.CommandList3));
 }
 
 void frmSendFree::EnableSend() {

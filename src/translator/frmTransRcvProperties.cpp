@@ -31,7 +31,7 @@ frmTransRcvProperties::frmTransRcvProperties(const FormServices& services, const
     groups->setColumnStretch(1, 1);
     auto* column = new QVBoxLayout(this);
     column->addLayout(groups, 1);
-    column->addLayout(MakeOkAndCancel(*this, [this] { emit TagChanged(PackTransRcv(properties)); }));
+    column->addLayout(MakeOkAndCancel([this] { emit TagChanged(PackTransRcv(properties)); }));
 
     Localize();
     txtRemote->setText(properties.remote + u'/' + properties.command);

@@ -30,7 +30,7 @@ frmTransRemProperties::frmTransRemProperties(const FormServices& services, const
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(Frame1, 1);
-    column->addLayout(MakeOkAndCancel(*this, [this] { emit TagChanged(PackTransRem(properties)); }));
+    column->addLayout(MakeOkAndCancel([this] { emit TagChanged(PackTransRem(properties)); }));
 
     Localize();
     txtRemote->setText(properties.name);

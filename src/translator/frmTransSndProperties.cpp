@@ -21,7 +21,7 @@ frmTransSndProperties::frmTransSndProperties(const FormServices& services, const
 
     auto* column = new QVBoxLayout(this);
     column->addWidget(Frame1, 1);
-    column->addLayout(MakeOkAndCancel(*this, [this] { emit TagChanged(PackTransSnd(properties)); }));
+    column->addLayout(MakeOkAndCancel([this] { emit TagChanged(PackTransSnd(properties)); }));
 
     Localize();
     // These have the same words in every language.

@@ -62,8 +62,7 @@ frmTranslator::frmTranslator(const FormServices& services, const TranslatorDevic
 }
 
 QLayout* frmTranslator::MakeHead() {
-    txtName->setMinimumContentsLength(24);
-    txtName->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    txtName->SetColumns(24);
     txtName->lineEdit()->setMaxLength(Wire::RemoteWidth);
     Label2 = MakeLabel(u"Label2"_s, u"Device"_s, this, cmbDevice);
     auto* head = new QHBoxLayout;
@@ -154,7 +153,7 @@ void frmTranslator::TakeNames(ReplyType type) {
     if (type == ReplyType::Remotes && (owner & ListTarget::TranslatorTargets) != 0)
         target->FillTargetCombo();
     if (type == ReplyType::TranslatorSets)
-        txtName->SetEntries(TrimmedNames(services.session.NameList));
+        txtName->SetEntries(WithoutBlanks(services.session.NameList));
 }
 
 void frmTranslator::TakeCommands(int list) {

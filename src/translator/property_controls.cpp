@@ -31,17 +31,6 @@ ComboBox* MakeForwardList(const QString& name, int ForwardEntry::*bits, QWidget*
     return list;
 }
 
-QLayout* MakeOkAndCancel(Form& form, const std::function<void()>& accept) {
-    auto* cmdOK = MakeButton(u"cmdOK"_s, u"OK"_s, &form);
-    auto* cmdCancel = MakeButton(u"cmdCancel"_s, u"Abbrechen"_s, &form);
-    QObject::connect(cmdOK, &QPushButton::clicked, &form, [&form, accept] {
-        accept();
-        form.Unload();
-    });
-    QObject::connect(cmdCancel, &QPushButton::clicked, &form, &Form::Unload);
-    return MakeButtonRow({cmdOK, cmdCancel});
-}
-
 void ShowBox(QCheckBox& box, bool isOn, bool canUse) {
     box.setEnabled(canUse);
     box.setChecked(isOn);

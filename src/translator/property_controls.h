@@ -22,9 +22,6 @@ MaskBoxes* AddMask(QGridLayout& grid, const QString& titleName, const QString& c
 /// A list of what is forwarded. The data of its entries are the bits that `bits` names.
 ComboBox* MakeForwardList(const QString& name, int ForwardEntry::*bits, QWidget* parent);
 
-/// The foot of a form: OK, which calls `accept` and then unloads the form, and cancel, which only unloads it.
-QLayout* MakeOkAndCancel(Form& form, const std::function<void()>& accept);
-
 void ShowBox(QCheckBox& box, bool isOn, bool canUse);
 void ShowIndex(ComboBox& list, int index, bool canUse);
 /// Leaves the cursor where it is if the text is there already.

@@ -17,18 +17,9 @@ constexpr int NamesInSight = 20;
 
 ComboBox* MakeNameList(const QString& name, QWidget* parent) {
     auto* list = MakeComboBox(name, {}, parent);
-    list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    list->setMinimumContentsLength(NameColumns);
+    list->SetColumns(NameColumns);
     list->setMaxVisibleItems(NamesInSight);
     return list;
-}
-
-QStringList TrimmedNames(const QStringList& names) {
-    QStringList trimmed;
-    trimmed.reserve(names.size());
-    for (const QString& name : names)
-        trimmed += WithoutBlanks(name).toString();
-    return trimmed;
 }
 
 const QString DraggedCommandFormat = u"application/x-calvoris-%1"_s.arg(DraggedCommand::Format);

@@ -8,9 +8,6 @@
 /// thousand names.
 ComboBox* MakeNameList(const QString& name, QWidget* parent);
 
-/// The names of a list from the server, without blanks at their ends.
-QStringList TrimmedNames(const QStringList& names);
-
 /// The private format in which a target command travels from the list to the tree; its data are those of
 /// EncodeDrag.
 extern const QString DraggedCommandFormat;

@@ -1,5 +1,6 @@
 #include "translator/translator_source_controls.h"
 
+#include "base/blanks.h"
 #include "forms/controls.h"
 #include "translator/translator_icons_view.h"
 #include "translator/translator_lists_view.h"
@@ -63,7 +64,7 @@ void TranslatorSourceControls::MakeLayout() {
 }
 
 void TranslatorSourceControls::FillRemoteCombo() {
-    cmbRemotes->SetEntries(TrimmedNames(services.session.NameList));
+    cmbRemotes->SetEntries(WithoutBlanks(services.session.NameList));
     EnableAdds();
 }
 
@@ -77,7 +78,7 @@ void TranslatorSourceControls::FillCommandCombo() {
     // The session's list is no remote's of this form until one is chosen here.
     if (cmbRemotes->currentIndex() >= 0)
         cmbCommands->addItems(FreeCommands(tree, view->SelectedKey(), cmbRemotes->currentText(),
-                                           TrimmedNames(services.session.CommandList1)));
+                                           WithoutBlanks(services.session.CommandList1)));
     if (cmbCommands->count() > 0)
         cmbCommands->setCurrentIndex(0);
     EnableAdds();

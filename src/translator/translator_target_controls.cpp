@@ -1,5 +1,6 @@
 #include "translator/translator_target_controls.h"
 
+#include "base/blanks.h"
 #include "forms/controls.h"
 #include "translator/translator_icons_view.h"
 
@@ -38,7 +39,7 @@ TranslatorTargetControls::TranslatorTargetControls(const FormServices& services,
 }
 
 void TranslatorTargetControls::FillTargetCombo() {
-    cmbTarget->SetEntries(TrimmedNames(services.session.NameList));
+    cmbTarget->SetEntries(WithoutBlanks(services.session.NameList));
 }
 
 void TranslatorTargetControls::AskForCommands() {
@@ -47,7 +48,7 @@ void TranslatorTargetControls::AskForCommands() {
 }
 
 void TranslatorTargetControls::FillTargetList() {
-    lvwCommands->SetCommands(TrimmedNames(services.session.CommandList2));
+    lvwCommands->SetCommands(WithoutBlanks(services.session.CommandList2));
     EnableAdd();
 }
 
