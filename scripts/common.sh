@@ -1,4 +1,4 @@
-# Functions that demo, test and .ci/run share; sourced by them.
+# Functions that the scripts share; sourced by them.
 
 say() { printf '%s\n' "$*"; }
 

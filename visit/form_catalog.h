@@ -71,8 +71,8 @@ inline TranslatorDevice CatalogTranslatorDevice() {
     return {QStringLiteral("G"), QStringLiteral("6.05.10"), 0x09000002, 0};
 }
 
-/// Makers of one of every form but the main window, for those who walk them all: the gallery, and the test of
-/// the languages. `services` and `status` must outlive them; the forms are the caller's.
+/// Makers of one of every form but the main window, for those who walk them all. `services` and `status` must
+/// outlive them; the forms are the caller's.
 inline std::vector<std::function<Form*()>> FormMakers(const FormServices& services, const StatusStore& status,
                                                       QWidget* parent) {
     const auto& s = services;
