@@ -115,9 +115,7 @@ private:
         const auto receiver = [&random] { return std::array{2, 2, 4, 6, 10, 0}[random() % 6]; };
         entry.Receivers = quint8(receiver() | receiver() << 4);
         entry.Version = u"USDEGFW"_s[int(random() % 7)] + u"6.04.43"_s;
-        entry.HotRemote = entry.HotCommand = u"on"_s;
-        entry.HotRemote2 = random() % 2 == 0 ? u"@@@~~~LAN~~~@@@"_s : u"hifi"_s;
-        entry.HotCommand2 = QByteArray("off\0\x9A\x01", 6).leftJustified(20, '\0');
+        SetPower(entry, random() % 2 == 0 ? LanMark : u"hifi"_s);
         return entry;
     }
 

@@ -144,35 +144,25 @@ private slots:
         }
     }
 
-    /// Remote and command of power on, of power off, and the MAC address.
     void PowerCommands() {
-        const QString mac = u"@@@~~~LAN~~~@@@ x"_s;
         const std::tuple<DeviceOrigin, const char*, quint32, QString, QString> devices[] = {
             {Tree, "L2.01.00", 0x200000, u"hifi"_s, u"||_||000000000000"_s},
             {Tree, "U", 0, u"hifi"_s, u"tv|on|_||000000000000"_s},
             {Tree, "U", 0x200000, u"hifi"_s, u"tv|on|||000000000000"_s},
-            {Tree, "E5.03.50", 0x200000, mac, u"tv|on|||000000000000"_s},
+            {Tree, "E5.03.50", 0x200000, LanMark, u"tv|on|||000000000000"_s},
             {Single, "U", 0, u"hifi"_s, u"tv|on|_||000000000000"_s},
             {Single, "U", 0x200000, u"hifi"_s, u"tv|on|hifi|off|000000000000"_s},
             {Single, "Y", 0x200000, u"hifi"_s, u"tv|on|_||000000000000"_s},
             // Before 5.03.50 a network device shows its MAC address in place of the power-off command.
             {Single, "E5.03.49", 0x200000, u"hifi"_s, u"tv|on|||000000000000"_s},
-            {Single, "E5.03.49", 0x200000, mac, u"tv|on|6F-66-66-00-9A-FF||000000000000"_s},
-            {Single, "E5.03.50", 0, mac, u"tv|on|_||6f6666009aff"_s},
-            {Single, "G5.03.50", 0x200000, mac, u"tv|on|_||6f6666009aff"_s},
+            {Single, "E5.03.49", 0x200000, LanMark, u"tv|on|6F-66-66-00-9A-FF||000000000000"_s},
+            {Single, "E5.03.50", 0, LanMark, u"tv|on|_||6f6666009aff"_s},
+            {Single, "G5.03.50", 0x200000, LanMark + u" x"_s, u"tv|on|_||6f6666009aff"_s},
         };
-        for (const auto& [origin, version, capabilities, remote, sent] : devices) {
+        for (const auto& [origin, version, capabilities, powerOff, sent] : devices) {
             DeviceEntry entry = MakeEntry(version, capabilities);
-            entry.HotRemote = u"tv"_s;
-            entry.HotCommand = u"on"_s;
-            entry.HotRemote2 = remote;
-            entry.HotCommand2.replace(0, 6, QByteArray("off\0\x9A\xFF", 6));
-            const ModeRequest r = Unchanged(entry, origin);
-            const QByteArray address(reinterpret_cast<const char*>(r.mac.data()), qsizetype(r.mac.size()));
-            QCOMPARE((QStringList{r.HotRemote, r.HotCommand, r.HotRemote2, r.HotCommand2,
-                                  QString::fromLatin1(address.toHex())})
-                         .join(u'|'),
-                     sent);
+            SetPower(entry, powerOff);
+            QCOMPARE(PowerOf(Unchanged(entry, origin)), sent);
         }
     }
 
@@ -222,14 +212,7 @@ private slots:
     void HfReceiver() {
         // Version, capabilities and ExtMode as they come; the boxes; then the boxes after each click, and
         // what is sent. Small letters click a box.
-        struct Row {
-            const char* version;
-            quint32 capabilities;
-            int extMode;
-            QString clicksAndWords;
-            int sent;
-        };
-        const Row rows[] = {
+        const std::tuple<const char*, quint32, int, QString, int> receivers[] = {
             // Two receivers: no bit at all is plasma, codes alone is off.
             {"U5.08.12", 0x800, 0x00, u"h(c)(p)"_s, 0x00},
             {"U5.08.12", 0x800, 0x00, u"h(c)(p) h -(c)(-)"_s, 0x10},
@@ -249,12 +232,11 @@ private slots:
             {"U5.08.11", 0x800, 0x18, u"hc(-) h -(c)(-)"_s, 0x00},
             {"U5.08.11", 0x20, 0x18, u"(-)c(-)"_s, 0x10},
         };
-        for (const Row& row : rows) {
-            DeviceEntry entry = MakeEntry(row.version, row.capabilities);
-            entry.ExtMode = quint8(row.extMode);
+        for (const auto& [version, capabilities, extMode, clicksAndWords, sent] : receivers) {
+            const DeviceEntry entry = Reporting(version, capabilities, {0, 0, quint8(extMode), 0});
             SetModusState state = FillSetModus(entry, Tree);
             QStringList words = {HfWords(state)};
-            for (const QString& click : row.clicksAndWords.split(u' ').mid(1)) {
+            for (const QString& click : clicksAndWords.split(u' ').mid(1)) {
                 if (click.size() > 1)
                     continue;
                 if (click == u"p")
@@ -264,8 +246,8 @@ private slots:
                 words += click;
                 words += HfWords(state);
             }
-            QCOMPARE(words.join(u' '), row.clicksAndWords);
-            QCOMPARE(PackSetModus(state, 0).ExtMode & 0x1C, row.sent);
+            QCOMPARE(words.join(u' '), clicksAndWords);
+            QCOMPARE(PackSetModus(state, 0).ExtMode & 0x1C, sent);
         }
     }
 
