@@ -41,7 +41,7 @@ const Row rows[] = {
     {"U", 0x1002, 0, 0, "Timing 18 Flags 04 IO C0", "Timing 00 IO 00 Flags 00"},
     // As RS232.
     {"U", 0x1002, 0x10000, 0, "Serial 01 Timing 08", ""},
-    {"U", 0x1002, 0x10000, 0, "Serial 20 Timing 08", ""},
+    {"U", 0x1002, 0x90000, 0, "Serial 30 Timing 08", ""},
     {"U", 0x1002, 0x10000, 0, "Serial 21 Timing 08 Mask 5 Mode 94", "Serial 20 Mask 0"},
     {"U", 0x1002, 0, 0, "Serial 21", "Serial 00"},
     {"U", 0x1002, 0x14000, 0, "Serial 80 Timing 08", "Serial 00"},
@@ -67,7 +67,7 @@ const Row rows[] = {
     {"U", 0, 0x01400000, 0, "IO C8 Mode 02", ""},
     {"U", 0, 0x400000, 0, "IO 28 Mode 02", "IO 00"},
     {"U", 0, 0x400000, 0, "IO C0 Mode 02", "IO 00"},
-    {"U", 0, 0, 0, "IO F8 Mode 02", "IO 00"},
+    {"U", 0, 0, 0, "IO C8 Mode 02", "IO 00"},
     // The IR ports as RS232.
     {"U", 0, 0x20000, 0, "Serial 81 Mode 02 Timing 08", "Mode 00"},
     {"U", 0, 0x20000, 0, "Serial E0 Timing 18 Mode 02", "Timing 00 Serial 40"},
@@ -384,6 +384,7 @@ private slots:
     /// What a plain device doesn't have is disabled, though the rule of the connector enables all of the bus.
     void WhatIsMissingIsDisabled() {
         const State none = Device(0, 0x4000);
+        QCOMPARE(none.Index(List::SBUS), 0);
         QVERIFY(none.IsEnabled(List::IO) && !none.IsMaskEnabled() && !none.IsEnabled(ModusEx::Box::Mode2));
         const State bus = Device(0x1002);
         QVERIFY(bus.IsMaskEnabled() && bus.IsEnabled(ModusEx::Box::Mode2));
