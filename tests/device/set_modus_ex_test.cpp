@@ -205,6 +205,10 @@ const Row rows[] = {
      "Mode 00 IO 98 +chkStateInternal +chkStateExternal +chkUDP -chkMode(1)"},
     {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1 cmbIRInput=3 chkStateExternal=1 cmbIRInput=0",
      "Mode 00 Timing 08 Serial 40 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0x00420000, 0, "chkIROutRS232=1 cmbAuxBaudrate=5 chkIROutRS232=0 chkIROutRS232=1",
+     "Timing 08 Serial 40 +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0x00400000, 0, "cmbIRInput=3 chkStateExternal=1 cmbIRInput=0 cmbIRInput=3",
+     "IO 18 +chkStateInternal +chkStateExternal -chkMode(1)"},
     {"U", 0, 0xC1420000, 0, "Mode 02 cmbIRInput=4", "IO 20 +chkStateInternal +chkStateExternal"},
     // The speeds of the RS232 port, in both lists.
     {"U", 0x4, 0, 0, "cmbBaudrate=3", ""},
@@ -428,8 +432,9 @@ private slots:
             DeviceEntry entry = Reporting({version, capabilities, 0, 0, "", ""});
             SetPower(entry, powerOff);
             const State state = FillSetModusEx(entry);
-            const ModeRequest request = PackSetModusEx(state, 0);
+            const ModeRequest request = PackSetModusEx(state, 0x0103);
             QCOMPARE(PowerOf(request), sent);
+            QCOMPARE(request.DeviceTag, 0x0103);
             // A device that can only be woken shows a power-on command, which can't be changed.
             for (const Text text : {Text::Hotremote, Text::Hotcommand})
                 QCOMPARE(state.IsEnabled(text), version[0] != 'W' && !request.HotRemote.isEmpty());
