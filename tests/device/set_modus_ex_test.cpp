@@ -32,7 +32,7 @@ const Row rows[] = {
     {"U", 0x1004, 0, 0, "Mode 40 Timing 10", ""},
     {"U", 0x1008, 0, 0, "Mode 40 Timing 10", ""},
     {"U", 0x01001000, 0, 0, "Mode 40 Timing 10", ""},
-    {"U", 0x1002, 0x4000, 0, "Mode 40 Timing 18 Mask 5", ""},
+    {"U", 0x1002, 0x4000, 0, "Mode 40 Mask 5", ""},
     // Its connector as a state input; an inversion without an input is the third one.
     {"U", 0x1002, 0x4800, 0, "Timing 08 IO C1 Mode 94 Mask 5", "IO C0 Mask 0"},
     {"U", 0x1002, 0x4800, 0, "Timing 18 Flags 04 IO C1", "IO C0"},
