@@ -33,3 +33,20 @@ inline DeviceEntry MakeEntry(const char* version, quint32 capabilities = 0) {
     entry.HotCommand2 = QByteArray(Wire::CommandWidth, '\0');
     return entry;
 }
+
+/// Gives the device commands of power on and off. `powerOff` is the remote of the latter, or LanMark.
+inline void SetPower(DeviceEntry& entry, const QString& powerOff) {
+    entry.HotRemote = QStringLiteral("tv");
+    entry.HotCommand = QStringLiteral("on");
+    entry.HotRemote2 = powerOff;
+    entry.HotCommand2 = QByteArray("off\0\x9A\xFF", 6).leftJustified(Wire::CommandWidth, '\0');
+}
+const QString LanMark = QStringLiteral("@@@~~~LAN~~~@@@"); ///< the command's first bytes are a MAC address
+
+/// Remote and command of power on, of power off, and the MAC address.
+inline QString PowerOf(const ModeRequest& r) {
+    const QByteArray mac(reinterpret_cast<const char*>(r.mac.data()), qsizetype(r.mac.size()));
+    const QStringList parts = {r.HotRemote, r.HotCommand, r.HotRemote2, r.HotCommand2,
+                               QString::fromLatin1(mac.toHex())};
+    return parts.join(u'|');
+}

@@ -1,266 +1,403 @@
-#include "device/set_modus_ex_clicks.h"
+#include "device/set_modus_ex_controls.h"
 #include "device/set_modus_ex_lists.h"
-#include "device/set_modus_ex_oracle.h"
 #include "device/set_modus_ex_rules.h"
 
-#include "support/suite.h"
+#include "device/device_rig.h"
 
 using namespace Qt::StringLiterals;
 using namespace ModusEx;
 
 namespace {
 
-/// A device in which nothing is special: the receiver is one for 38 kHz.
-DeviceEntry Device(quint32 capabilities = 0, quint32 extCapabilities = 0, quint32 extCapabilities2 = 0) {
+struct Row {
+    const char* version; ///< a letter alone: of firmware 6.04.43
+    quint32 capabilities;
+    quint32 extCapabilities;
+    quint32 extCapabilities2;
+    /// Bytes by name; the others are 0, but for a receiver of 38 kHz and 30 ms. Behind them what is changed
+    /// by hand: a box, the index of a list, the mask.
+    const char* reported;
+    const char* sent; ///< the bytes that differ then, and the controls that are enabled (+) and disabled (-)
+};
+
+/// Each rule once where it changes what was reported or chosen, and beside it a device for which it doesn't.
+const Row rows[] = {
+    // The serial bus: what is received from it, controls by it and is repeated to it.
+    {"U", 0, 0, 0, "Mode BF", "Mode 2B"},
+    {"U", 0x2, 0, 0, "Mode BF", ""},
+    // Its speed: none to choose, or it would cut the device's only link.
+    {"U", 0x2, 0, 0, "Mode 40 Timing 18", "Mode 00 Timing 00"},
+    {"U", 0x1000, 0, 0, "Mode 40 Timing 18", "Mode 00 Timing 00"},
+    {"U", 0x1002, 0, 0, "Mode 40 Timing 10", ""},
+    {"U", 0x1004, 0, 0, "Mode 40 Timing 10", ""},
+    {"U", 0x1008, 0, 0, "Mode 40 Timing 10", ""},
+    {"U", 0x01001000, 0, 0, "Mode 40 Timing 10", ""},
+    {"U", 0x1002, 0x4000, 0, "Mode 40 Mask 5", ""},
+    // Its connector as a state input; an inversion without an input is the third one.
+    {"U", 0x1002, 0x4800, 0, "Timing 08 IO C1 Mode 94 Mask 5", "IO C0 Mask 0"},
+    {"U", 0x1002, 0x4800, 0, "Timing 18 Flags 04 IO C1", "IO C0"},
+    {"U", 0x1002, 0x4800, 0, "Flags 04 IO C1 Mode 94 Mask 5", "Timing 18 Flags 00"},
+    {"U", 0, 0x4000, 0, "Flags 04 Mask 5", "Timing 18 Flags 00 Mask 0"},
+    {"U", 0x1002, 0, 0, "Timing 18 Flags 04 IO C0", "Timing 00 IO 00 Flags 00"},
+    // As RS232.
+    {"U", 0x1002, 0x10000, 0, "Serial 01 Timing 08", ""},
+    {"U", 0x1002, 0x90000, 0, "Serial 30 Timing 08", ""},
+    {"U", 0x1002, 0x10000, 0, "Serial 21 Timing 08 Mask 5 Mode 94", "Serial 20 Mask 0"},
+    {"U", 0x1002, 0, 0, "Serial 21", "Serial 00"},
+    {"U", 0x1002, 0x14000, 0, "Serial 80 Timing 08", "Serial 00"},
+    // As a relay; a connector that is the bus again takes its defaults.
+    {"U", 0x1002, 0x02000000, 0, "Serial 01 Mode 40 Mask 5 Timing 08", "Mode 00 Timing 00 Mask 0"},
+    {"U", 0x1002, 0x02000000, 0, "Mode 40 Timing 08 Mask 5", ""},
+    {"U", 0x1002, 0x02004000, 0, "Timing 08 Mask 5", "Mode 40 Timing 18 Mask FFFF"},
+    {"U", 0x1002, 0x02004000, 0, "Timing 18 Flags 04 Serial 01", "Timing 00 Flags 00"},
+    {"U", 0x2, 0x02000000, 0, "Mask 5", ""},
+    {"U", 0x1000, 0x02000000, 0, "Mask 5", "Mask 0"},
+    {"U", 0x2, 0x02004000, 0, "Mask 5", ""},
+    {"U", 0x2, 0x02010000, 0, "Serial 20 Mask 5", "Serial 00"},
+    // What the bus sends.
+    {"U", 0x2, 0x800, 0, "IO 07", "IO 01"},
+    {"U", 0, 0x800, 0, "IO 01", "IO 00"},
+    {"U", 0x2, 0, 0, "IO 01", "IO 00"},
+    {"U", 0xA, 0x2000, 0, "IO 03", "IO 02"},
+    {"U", 0x8, 0x2000, 0, "IO 02", ""},
+    {"U", 0, 0x2000, 0, "IO 02", "IO 00"},
+    {"U", 0x8, 0, 0, "IO 02", "IO 00"},
+    // The IR input as state input, which blocks reception; one that the list lacks.
+    {"U", 0, 0x400000, 0, "IO E0 Mode 02", "Mode 00"},
+    {"U", 0, 0x01400000, 0, "IO C8 Mode 02", ""},
+    {"U", 0, 0x400000, 0, "IO 28 Mode 02", "IO 00"},
+    {"U", 0, 0x400000, 0, "IO C0 Mode 02", "IO 00"},
+    {"U", 0, 0, 0, "IO C8 Mode 02", "IO 00"},
+    // The IR ports as RS232.
+    {"U", 0, 0x20000, 0, "Serial 81 Mode 02 Timing 08", "Mode 00"},
+    {"U", 0, 0x20000, 0, "Serial E0 Timing 18 Mode 02", "Timing 00 Serial 40"},
+    {"U", 0, 0x40020000, 0, "Serial 20 Mode 02", "Mode 00"},
+    {"U", 0, 0x40020000, 0, "Serial 61 Timing 10", "Serial 20"},
+    {"U", 0, 0x40420000, 0, "Serial 21 IO C8", "IO 00 Serial 20"},
+    {"U", 0, 0x420000, 0, "Serial 40 IO C8 Mode 02", "Mode 00"},
+    {"U", 0, 0, 0, "Serial E1 Timing 08", "Timing 00 Serial 00"},
+    // The RS232 port, with a speed of its own or the auxiliary one; speeds that the list lacks.
+    {"U", 0, 0, 0, "Mode2 E0 Flags 12", "Mode2 00 Flags 00"},
+    {"U", 0x4, 0, 0, "Mode2 E0 Flags 00", "Mode2 60"},
+    {"U", 0x4, 0x100, 0, "Mode2 E0 Flags 10", ""},
+    {"U", 0x4, 0, 0, "Mode2 20 Flags 10", "Mode2 00 Flags 00"},
+    {"U", 0x4, 0x80000000, 0, "Mode2 40 Flags 02", ""},
+    {"U", 0x01000004, 0, 0, "Mode2 E0 Timing 08", "Mode2 80 Timing 00"},
+    {"U", 0x01000004, 0x80000000, 0, "Mode2 C0 Serial 80 Flags 02", "Mode2 80 Timing 08"},
+    {"U", 0x01000006, 0, 0, "Mode2 C0 Serial 80 Timing 08", "Timing 00"},
+    {"U", 0x01000006, 0, 0, "Mode2 20 Serial 80", "Mode2 00 Serial 00"},
+    {"U", 0x01000006, 0x10000, 0, "Mode2 40 Serial 20 Timing 18", "Mode2 00 Timing 08"},
+    {"U", 0x01000000, 0, 0, "Mode2 E0 Serial 80", "Mode2 00 Serial 00"},
+    // The auxiliary port.
+    {"U", 0, 0x40000, 0x200, "Timing 18 Serial 80", "Timing 00 Serial 00"},
+    {"U", 0x2, 0x40000, 0x200, "Timing 18", "Timing 00"},
+    {"U", 0, 0x40000, 0x200, "Timing 08 Serial 80", ""},
+    {"U", 0, 0x80040000, 0x200, "Timing 10 Flags 02", ""},
+    {"U", 0, 0x40000, 0, "Timing 08 Serial 80", "Timing 00 Serial 00"},
+    {"U", 0, 0, 0x200, "Timing 08 Serial 80", "Timing 00 Serial 00"},
+    {"U", 0, 0xC0000, 0x200, "Serial 16", "Serial 10"},
+    {"U", 0, 0xC0000, 0x200, "Serial 18", "Serial 00"},
+    {"U", 0, 0x140000, 0x200, "Serial 1E", "Serial 06"},
+    {"U", 0x4, 0x40000, 0x200, "Timing 08 Mode2 40 Flags 10", ""},
+    {"U", 0x6, 0x40000, 0x200, "Timing 08 Mode2 40 Flags 10", "Timing 00"},
+    {"U", 0, 0x80180000, 0, "Serial 1E Flags 02", "Serial 00 Flags 00"},
+    // Receivers: those that the lists have, who is active, and codes of 455 kHz.
+    {"U", 0, 0, 0, "Rcv 2F Ext FF", "nothing"},
+    {"U", 0x4800, 0, 0, "Rcv 42 Ext FF", ""},
+    {"U", 0x800, 0, 0, "Rcv 22 Ext FF", "Ext 8C"},
+    {"U", 0, 0, 0, "Rcv 04 Ext 9C", "Ext 94"},
+    {"U", 0, 0, 0, "Rcv 05 Ext 10", ""},
+    {"U", 0x4800, 0, 0, "Rcv 22 Ext 63", ""},
+    {"U", 0x820, 0x04000000, 0, "Rcv 9A Ext 1C", "Ext 0C Rcv 92"},
+    {"U", 0x820, 0x04000000, 0, "Rcv CC Ext 1C", "Rcv C2"},
+    {"U", 0x820, 0x04000000, 0, "Rcv C2 Ext 1C", ""},
+    {"U", 0x820, 0, 0, "Rcv AC Ext 1C", ""},
+    {"U", 0x820, 0x04000000, 0, "Rcv 2A Ext 1C", "Ext 0C"},
+    {"U", 0, 0x80, 0, "Rcv 01", "nothing"},
+    {"U", 0, 0x80, 0, "Rcv 04", ""},
+    {"U", 0x800, 0x80, 0, "Rcv 24", "nothing"},
+    {"U", 0x800, 0x80, 0, "Rcv 42", ""},
+    {"U", 0x800, 0x80, 0, "Rcv 52", "nothing"},
+    {"U", 0x800, 0x10000080, 0, "Rcv 52", ""},
+    {"U", 0x800, 0x10000080, 0, "Rcv 42", "nothing"},
+    {"U", 0x800, 0x80, 0x100, "Rcv 42", "nothing"},
+    {"U", 0x800, 0x80, 0x100, "Rcv 02", ""},
+    {"U", 0x800, 0x80, 0x100, "Rcv A2", ""},
+    {"U", 0, 0x800000, 0, "Rcv 0C", ""},
+    {"U", 0x800, 0x800000, 0, "Rcv CC", "nothing"},
+    {"U", 0x20, 0, 0, "Rcv 0E", ""},
+    {"U", 0, 0, 0, "Rcv 0A", "nothing"},
+    {"U", 0, 0, 0, "Rcv 03", "nothing"},
+    // Times and codes.
+    {"U", 0, 0, 0, "Mode2 1F Time FA Timing E7 Ext 80", ""},
+    {"U", 0, 0, 0, "Time 00", "Time 01"},
+    {"U", 0, 0, 0, "Time FB", "Time FA"},
+    {"U", 0, 0, 0, "Code FF Toggle FF", "Code 7F Toggle BF"},
+    {"U", 0, 0x400, 0, "Code FE Toggle 80", "Code F8 Toggle 00"},
+    {"U", 0, 0, 0, "Toggle 81", ""},
+    // What is learned and emulated.
+    {"U", 0, 0, 0, "Flags FF", "Flags 20"},
+    {"U6.04.42", 0, 0, 0, "Flags 20", "Flags 00"},
+    {"U10.00.00", 0, 0, 0, "Flags 20", "Flags 00"},
+    {"U", 0, 0x08200000, 0, "Flags 09", ""},
+    {"U", 0, 0x08000000, 0, "Flags 09", "Flags 01"},
+    // Mask or display, which may be off; dates that the list lacks.
+    {"U", 0x2, 0, 0, "Mask FFFFFFFF", "Mask FFFF"},
+    {"U", 0, 0, 0, "Mask FFFFFFFF", "Mask 0"},
+    {"D", 0x2, 0, 0, "Mask FFFF01FA", "Mask 1FA"},
+    {"D", 0, 0, 0, "Mask 0600", "Mask 0"},
+    {"F", 0, 0, 0, "Mask 01FA", ""},
+    {"F", 0, 0, 0, "Mask 03FA", "Mask 39A"},
+    {"F", 0, 0, 0, "Mask 05FA", "Mask 47A"},
+    {"F", 0, 0, 0, "Mask F80F", "Mask 0"},
+    {"D", 0, 0x02004000, 0, "Mask 3 Timing 08", "Mode 40 Timing 18 Mask 4"},
+    {"D", 0, 0, 0, "Mask 7", "Mask 8"},
+    // RCMM and its refinements.
+    {"U", 0, 0, 0, "Code 07 chkRCMM=0", "Code 00 -chkForceRCMM -chkRCMMToggle"},
+    {"U", 0, 0, 0, "Code 07 chkRCMM=0 chkRCMM=1", "Code 01"},
+    // The connector of the bus: in other use, and back.
+    {"U", 0x1006, 0x4800, 0, "Mask 5 cmbIO=3",
+     "Timing 18 Mask 0 +chkStateInternal +chkStateExternal -chkMode(2) -chkMode(4) -chkMode(7) -chkSBUSSend "
+     "-cmbSBUS -chkMask"},
+    {"U", 0x1006, 0x4800, 0, "Mask 5 cmbIO=3 cmbIO=0", ""},
+    {"U", 0x1006, 0x4800, 0, "Timing 10 cmbIO=5 chkStateExternal=1", "IO 80 Flags 04"},
+    {"U", 0x1006, 0x4800, 0, "Timing 10 cmbIO=6 cmbIO=2", ""},
+    {"U", 0, 0x10000, 0, "cmbIO=7", "Timing 08 Serial 20 +cmbAuxBaudrate"},
+    {"U", 0, 0x10000, 0, "cmbIO=8", "Timing 08 Serial 01 +cmbAuxBaudrate"},
+    {"U", 0x1006, 0x4800, 0, "Mask 5 cmbSBUS=1", "Mode 40"},
+    {"U", 0x1006, 0x4800, 0, "Mode 40 Timing 18 cmbSBUS=0", "Mode 00 Timing 00"},
+    {"U", 0x1006, 0x4800, 0, "Mask 5 cmbSBUS=4", "Mode 40 Timing 18"},
+    // The first return to the bus takes the defaults, the second doesn't.
+    {"U", 0x2, 0x4000, 0, "Timing 10 cmbIO=0",
+     "Mode 40 Timing 18 Mask FFFF +chkMode(2) +chkMode(4) +chkMode(7) +chkSBUSSend +cmbSBUS +chkMask "
+     "-chkStateInternal -chkStateExternal"},
+    {"U", 0x2, 0x4000, 0, "Timing 10 cmbIO=0 chkMask=1 cmbSBUS=1 cmbIO=6", "Timing 18 Flags 04"},
+    {"U", 0x2, 0x4000, 0, "Timing 10 cmbIO=0 chkMask=1 cmbSBUS=1 cmbIO=6 cmbIO=0",
+     "Mode 40 Timing 00 Mask 1 +chkMode(2) +chkMode(4) +chkMode(7) +chkSBUSSend +cmbSBUS +chkMask "
+     "-chkStateInternal -chkStateExternal"},
+    // A relay in place of the bus: the list has two entries.
+    {"U", 0x2, 0x02000000, 0, "Serial 01 cmbIO=0",
+     "Mode 40 Timing 18 Serial 00 Mask FFFF +chkMode(2) +chkMode(4) +chkMode(7) +chkSBUSSend +cmbSBUS "
+     "+chkMask"},
+    {"U", 0x1002, 0x02000000, 0, "Mask 5 cmbIO=1",
+     "Serial 01 Mask 0 -chkMode(2) -chkMode(4) -chkMode(7) -chkMask"},
+    // The receivers, which of them are active, and codes of 455 kHz.
+    {"U", 0x820, 0, 0, "Rcv 11 Ext 0C cmbReceiver1=0", "Ext 04 Rcv 12"},
+    {"U", 0x820, 0, 0, "Rcv 11 Ext 0C cmbReceiver2=0", "Ext 08 Rcv 21"},
+    {"U", 0x820, 0, 0, "Rcv 22 Ext 0C cmbReceiver2=2", "Ext 1C Rcv 42 +chkExt(4)"},
+    {"U", 0x820, 0, 0, "Rcv 22 Ext 0C cmbReceiver2=3", "Ext 18 Rcv 52 +chkExt(4)"},
+    {"U", 0x820, 0, 0, "Rcv 24 Ext 0C cmbReceiver2=8", "Ext 1C Rcv D4"},
+    {"U", 0x820, 0, 0, "Rcv 44 Ext 0C cmbReceiver1=4", "Ext 14 Rcv 46"},
+    {"U", 0x820, 0, 0, "Rcv 22 Ext 0C cmbReceiver1=9", "Ext 04 Rcv 2E +chkExt(4)"},
+    {"U", 0x820, 0, 0, "Rcv C2 Ext 0C cmbReceiver1=6", "Ext 1C Rcv C9"},
+    {"U", 0x820, 0x04000000, 0, "Rcv A2 Ext 0C cmbReceiver1=6", "Ext 04 Rcv 29"},
+    {"U", 0x820, 0x04000000, 0, "Rcv 2A Ext 0C cmbReceiver2=7", "Ext 1C Rcv C2 +chkExt(4)"},
+    // The IR input as RS232 takes the place of the IR output and blocks reception; the speeds come and go.
+    {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1",
+     "Timing 08 Serial 40 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1 cmbIRInput=6",
+     "Mode 00 Timing 08 Serial 20 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits -chkMode(1)"},
+    {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1 cmbIRInput=6 cmbAuxBaudrate=5 cmbParity=2",
+     "Mode 00 Timing 08 Serial B0 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits -chkMode(1)"},
+    {"U", 0, 0xC0420000, 0, "Mode 02 cmbIRInput=5 chkIROutRS232=1",
+     "Mode 00 Timing 08 Serial 40 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1 cmbIRInput=3 chkStateExternal=1 chkIROutRS232=0",
+     "Mode 00 IO 98 +chkStateInternal +chkStateExternal +chkUDP -chkMode(1)"},
+    {"U", 0, 0xC0420000, 0, "Mode 02 chkIROutRS232=1 cmbIRInput=3 chkStateExternal=1 cmbIRInput=0",
+     "Mode 00 Timing 08 Serial 40 +chkUDP +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0x00420000, 0, "chkIROutRS232=1 cmbAuxBaudrate=5 chkIROutRS232=0 chkIROutRS232=1",
+     "Timing 08 Serial 40 +cmbAuxBaudrate +cmbParity +cmbDatabits +cmbStopbits"},
+    {"U", 0, 0x00400000, 0, "cmbIRInput=3 chkStateExternal=1 cmbIRInput=0 cmbIRInput=3",
+     "IO 18 +chkStateInternal +chkStateExternal -chkMode(1)"},
+    {"U", 0, 0xC1420000, 0, "Mode 02 cmbIRInput=4", "IO 20 +chkStateInternal +chkStateExternal"},
+    // The speeds of the RS232 port, in both lists.
+    {"U", 0x4, 0, 0, "cmbBaudrate=3", ""},
+    {"U", 0x4, 0, 0, "cmbBaudrate=4", "Mode2 60 Flags 10"},
+    {"U", 0x01000006, 0, 0, "cmbAuxBaudrate=3", ""},
+    {"U", 0x01000006, 0, 0, "cmbAuxBaudrate=4", "Mode2 60 Serial 80"},
+    {"U", 0, 0x40000, 0x200, "cmbAuxBaudrate=3", "Timing 18"},
+    {"U", 0, 0x40000, 0x200, "cmbAuxBaudrate=4", "Serial 80"},
+    {"U", 0, 0x1C0000, 0x200, "cmbDatabits=1 cmbParity=1", "Serial 0A"},
+    {"U", 0, 0x1C0000, 0x200, "cmbStopbits=1 cmbParity=2", "Serial 14"},
+    // The other lists.
+    {"U", 0, 0x400, 0, "cmbTolerance=7 cmbIdle=6 cmbFilter=5 cmbCycle=1", "Mode2 07 Timing A6 Code 80"},
+    {"U", 0, 0, 0, "Toggle 04 cmbToggleCount=1", "Toggle 84"},
+    {"D", 0, 0, 0, "cmbDate=3 cmbTime=1 cmbAktiv=3 cmbInaktiv=2", "Mask 1D4"},
+    {"F", 0, 0, 0, "Mask 6F cmbDate=8 cmbAktiv=4 cmbInaktiv=1", "Mask 42A"},
+    {"F", 0, 0, 0, "cmbDate=6 cmbInaktiv=4", "Mask 208"},
+};
+
+/// The bytes in the order in which the entry and the record have them.
+const std::pair<const char*, quint8 DeviceEntry::*> bytes[] = {
+    {"Mode", &DeviceEntry::Mode},           {"Ext", &DeviceEntry::ExtMode},
+    {"Mode2", &DeviceEntry::ExtMode2},      {"Rcv", &DeviceEntry::Receivers},
+    {"Time", &DeviceEntry::ReceiveTimeout}, {"Timing", &DeviceEntry::ReceiveTiming},
+    {"Code", &DeviceEntry::CodeFlags},      {"Toggle", &DeviceEntry::ToggleConfig},
+    {"IO", &DeviceEntry::IOFlags},          {"Serial", &DeviceEntry::SerialFlags},
+    {"Flags", &DeviceEntry::ExtFlags},
+};
+
+DeviceEntry Reporting(const Row& row) {
     DeviceEntry entry;
-    entry.Version = u"U6.04.43"_s;
-    entry.Capabilities = capabilities;
-    entry.ExtCapabilities = extCapabilities;
-    entry.ExtCapabilities2 = extCapabilities2;
-    entry.Receivers = 0x22;
+    entry.Version = QLatin1StringView(row.version);
+    if (entry.Version.size() == 1)
+        entry.Version += u"6.04.43"_s;
+    entry.Capabilities = row.capabilities;
+    entry.ExtCapabilities = row.extCapabilities;
+    entry.ExtCapabilities2 = row.extCapabilities2;
+    entry.Receivers = 2;
     entry.ReceiveTimeout = 30;
+    const QStringList words = QString::fromLatin1(row.reported).split(u' ');
+    for (int i = 0; i + 1 < words.size() && !words[i].contains(u'='); i += 2) {
+        const quint32 value = words[i + 1].toUInt(nullptr, 16);
+        if (words[i] == u"Mask")
+            entry.SendMask = value;
+        for (const auto& [name, byte] : bytes)
+            if (words[i] == QLatin1StringView(name))
+                entry.*byte = quint8(value);
+    }
     return entry;
 }
 
-QString Hex(const QByteArray& bytes) {
-    return QString::fromLatin1(bytes.toHex(' '));
+/// What differs from what `entry` reported, in words.
+QStringList Changes(const DeviceEntry& entry, const ModeRequest& request) {
+    std::vector<quint8> sent = {request.Mode, request.ExtMode, request.ExtMode2};
+    sent.insert(sent.end(), request.ExtParam.begin(), request.ExtParam.end());
+    QStringList words;
+    for (size_t i = 0; i < sent.size(); ++i)
+        if (sent[i] != entry.*bytes[i].second)
+            words += QString::asprintf("%s %02X", bytes[i].first, sent[i]);
+    if (quint32(request.SendMask) != entry.SendMask)
+        words += QString::asprintf("Mask %X", quint32(request.SendMask));
+    return words;
 }
 
-/// The bytes that hold settings: `Mode`, the mask in four, `ExtMode`, `ExtMode2`, and the last eight.
-QString SettingsOf(const ModeRequest& request) {
-    const QByteArray record = Encode(request);
-    return Hex(record.sliced(1, 1) + record.sliced(212, 6) + record.sliced(224));
+State Device(quint32 capabilities = 0, quint32 extCapabilities = 0, quint32 extCapabilities2 = 0) {
+    return FillSetModusEx(Reporting({"U", capabilities, extCapabilities, extCapabilities2, "", ""}));
 }
 
-/// Nothing, or what is wrong with what the dialog would send for an untouched device.
-QString Fault(const DeviceEntry& entry) {
-    const State state = FillSetModusEx(entry);
-    if (AreReceiversSet(state) != Oracle::HasKnownReceivers(entry))
-        return u"the check of the receivers"_s;
-    if (!AreReceiversSet(state))
-        return {};
-    const ModeRequest sent = PackSetModusEx(state, 0x0103);
-    const ModeRequest expected = Oracle::Expected(entry, 0x0103);
-    if (Encode(sent) == Encode(expected))
-        return {};
-    return u"%1, capabilities %2 %3 %4\nreported %5\nsent     %6\nnot      %7"_s.arg(
-        entry.Version, QString::number(entry.Capabilities, 16), QString::number(entry.ExtCapabilities, 16),
-        QString::number(entry.ExtCapabilities2, 16), Hex(Encode(entry).first(36)), SettingsOf(sent),
-        SettingsOf(expected));
+template <class Control> std::optional<Control> Named(const QString& name) {
+    for (int i = 0; i < int(Control::Count); ++i)
+        if (SetModusExControls::NameOf(Control(i)) == name)
+            return Control(i);
+    return std::nullopt;
+}
+
+/// Sets the control of this name to the value: a list to an index, the mask to a hexadecimal number.
+void Do(State& state, const QString& name, const QString& value) {
+    if (const auto box = Named<ModusEx::Box>(name))
+        state.SetOn(*box, value == u"1");
+    else if (const auto list = Named<List>(name))
+        state.Select(*list, value.toInt());
+    else if (name == u"chkMask")
+        state.SetMask(value.toUShort(nullptr, 16));
+    else
+        qFatal("no control %s", qPrintable(name));
+}
+
+/// The names of what is enabled.
+QStringList Enabled(const State& state) {
+    QStringList names;
+    for (int i = 0; i < int(ModusEx::Box::Count); ++i)
+        if (state.IsEnabled(ModusEx::Box(i)))
+            names += SetModusExControls::NameOf(ModusEx::Box(i));
+    for (int i = 0; i < int(List::Count); ++i)
+        if (state.IsEnabled(List(i)))
+            names += SetModusExControls::NameOf(List(i));
+    if (state.IsMaskEnabled())
+        names += u"chkMask"_s;
+    return names;
 }
 
 } // namespace
 
+/// The rules of the extended settings.
 class SetModusExTest : public QObject {
     Q_OBJECT
 
 private slots:
-    /// Every capability alone, and each pair with those that the rules name together.
-    void FillAndPackOneByOne() {
-        std::mt19937 random(1);
-        const quint32 bases[][3] = {{0, 0, 0},
-                                    {0x00000002, 0, 0},
-                                    {0x00001802, 0x00004000, 0},
-                                    {0x01000006, 0, 0},
-                                    {0x00000004, 0x00040000, 0x200},
-                                    {0x00001006, 0x02000000, 0},
-                                    {0x0000100A, 0x00014000, 0},
-                                    {0x00000820, 0x04000080, 0x100},
-                                    {0x00000000, 0x00420000, 0},
-                                    {0x00000002, 0x40020000, 0}};
-        for (const auto& base : bases)
-            for (int bit = 0; bit < 96; ++bit)
-                for (int round = 0; round < 20; ++round) {
-                    quint32 words[] = {base[0], base[1], base[2]};
-                    words[bit / 32] ^= 1U << bit % 32;
-                    const QString fault = Fault(Oracle::RandomEntry(random, words[0], words[1], words[2]));
-                    QVERIFY2(fault.isEmpty(), qPrintable(fault));
-                }
-    }
-
-    void FillAndPackAtRandom() {
-        std::mt19937 random(2);
-        for (int round = 0; round < 60'000; ++round) {
-            const QString fault = Fault(Oracle::RandomEntry(random));
-            QVERIFY2(fault.isEmpty(), qPrintable(fault));
+    void WhatIsReportedIsSent() {
+        for (const Row& row : rows) {
+            const DeviceEntry entry = Reporting(row);
+            State state = FillSetModusEx(entry);
+            const QStringList before = Enabled(state);
+            for (const QString& word : QString::fromLatin1(row.reported).split(u' '))
+                if (word.contains(u'='))
+                    Do(state, word.section(u'=', 0, 0), word.section(u'=', 1));
+            QStringList words = Changes(entry, PackSetModusEx(state, 0));
+            for (const QString& name : Enabled(state))
+                if (!before.contains(name))
+                    words += u'+' + name;
+            for (const QString& name : before)
+                if (!Enabled(state).contains(name))
+                    words += u'-' + name;
+            const QString sent = AreReceiversSet(state) ? words.join(u' ') : u"nothing"_s;
+            if (sent != QLatin1StringView(row.sent))
+                QFAIL(qPrintable(u"row %1: %2"_s.arg(&row - rows).arg(sent)));
         }
-        for (const auto& [reason, uses] : Oracle::Uses())
-            QVERIFY2(uses > 0, reason);
     }
 
-    void WhatADeviceShows() {
-        DeviceEntry bus = Device(0x00205806, 0x00004900);
-        bus.Mode = 0x40;
-        bus.ReceiveTiming = 0x08;
-        bus.ExtMode2 = 0x20;
-        bus.ExtFlags = 0x10;
-        bus.ToggleConfig = 0x91;
-        State state = FillSetModusEx(bus);
-        QCOMPARE(state.Index(List::SBUS), 2);
-        QCOMPARE(state.Content(Text::Toggle), u"16"_s);
-        QCOMPARE(state.Index(List::Baudrate), -1); // 3 - 1 + 4: an entry that isn't there
-
-        DeviceEntry network = Device(0x01200094, 0x80180000);
-        network.Version = u"W6.04.42"_s;
-        network.HotRemote2 = u"@@@~~~LAN~~~@@@"_s;
-        network.HotCommand2 = QByteArray::fromHex("0a0b0c9d8eff").leftJustified(20, '\0');
-        state = FillSetModusEx(network);
-        QCOMPARE(state.Content(Text::MAC), u"0A-0B-0C-9D-8E-FF"_s);
-        for (const Text text : {Text::Hotremote, Text::Hotcommand, Text::Hotremote2, Text::Hotcommand2})
-            QVERIFY(!state.IsEnabled(text));
-    }
-
-    void Texts_data() {
-        QTest::addColumn<QString>("timeout");
-        QTest::addColumn<QString>("toggle");
-        QTest::addColumn<QString>("corrected");
-        QTest::addColumn<int>("timeoutSent");
-        QTest::addColumn<int>("toggleSent");
-        QTest::newRow("none") << u""_s << u""_s << u"1"_s << 1 << 0;
-        QTest::newRow("zero") << u"0"_s << u"0"_s << u"1"_s << 1 << 1;
-        QTest::newRow("in range") << u"250"_s << u"62"_s << u"250"_s << 250 << 63;
-        QTest::newRow("above") << u"300"_s << u"64"_s << u"250"_s << 250 << 1;
-        QTest::newRow("below") << u"-7"_s << u"-1"_s << u"1"_s << 1 << 0;
-        QTest::newRow("far away") << u"99999999999999999999"_s << u"99999999999999999999"_s << u"250"_s << 250
-                                  << 0;
-        QTest::newRow("no number, and a blank") << u"abc"_s << u" 7"_s << u"1"_s << 1 << 0;
+    /// Each box alone sets its bit, here from bit 0 on.
+    void BitsOfBoxes() {
+        const std::pair<QString, QString> rows[] = {
+            {u"Mode"_s, u"chkMode(0) chkMode(1) chkMode(2) chkMode(3) chkMode(4) chkMode(5) - chkMode(7)"_s},
+            {u"Ext"_s, u"chkExt(0) chkExt(1) chkRCV1 chkRCV2 chkExt(4) chkExt(5) chkExt(6) chkSort"_s},
+            {u"Mode2"_s, u"- - - chkLongRepeat chkRepeat - - chkRTS"_s},
+            {u"Code"_s, u"chkRCMM chkForceRCMM chkRCMMToggle chkRStep56 chkRC5 chkRC6 chkRC6Toggle"_s},
+            {u"IO"_s, u"chkSBUSSend chkUSBWakeup - - - - chkStateInternal chkStateExternal"_s},
+            {u"Serial"_s, u"- - - - - - chkIROutRS232"_s},
+            {u"Flags"_s, u"chkRC5free chkUDP - chkEmulateExternal - chkXLong"_s},
+        };
+        for (const auto& [byte, boxes] : rows)
+            for (int bit = 0; const QString& name : boxes.split(u' ')) {
+                const quint32 value = 1U << bit++;
+                if (name == u"-")
+                    continue;
+                State state;
+                state.Enable(Named<ModusEx::Box>(name).value(), true);
+                Do(state, name, u"1"_s);
+                const QString sent = Changes({}, PackSetModusEx(state, 0)).join(u' ');
+                QVERIFY2(sent.contains(byte + QString::asprintf(" %02X", value)), qPrintable(sent));
+            }
     }
 
     void Texts() {
-        QFETCH(QString, timeout);
-        QFETCH(QString, toggle);
-        State state = FillSetModusEx(Device());
-        state.SetContent(Text::Timeout, timeout);
-        state.SetContent(Text::Toggle, toggle);
-        QCOMPARE(state.IsEnabled(List::ToggleCount), !toggle.isEmpty() && toggle[0] != u' ');
-        CorrectTimeout(state);
-        QTEST(state.Content(Text::Timeout), "corrected");
-        const ModeRequest request = PackSetModusEx(state, 0);
-        QTEST(int(request.ExtParam[1]), "timeoutSent");
-        QTEST(int(request.ExtParam[4]), "toggleSent");
-    }
-
-    void BusPort_data() {
-        QTest::addColumn<int>("mode");
-        QTest::addColumn<int>("timing");
-        QTest::addColumn<int>("extFlags");
-        QTest::addColumn<int>("index");
-        QTest::addColumn<int>("busSpeed");
-        QTest::newRow("bus, classic") << 0 << 0 << 0 << 0 << 0;
-        QTest::newRow("bus, 38400") << 0x40 << 0x18 << 0 << 0 << 4;
-        QTest::newRow("input with pullup") << 0 << 0x10 << 0 << 2 << 0;
-        QTest::newRow("inverted with pullup") << 0 << 0x10 << 4 << 5 << 0;
-    }
-
-    void BusPort() {
-        QFETCH(int, mode);
-        QFETCH(int, timing);
-        QFETCH(int, extFlags);
-        QFETCH(int, index);
-        DeviceEntry entry = Device(0x1006, 0x4800);
-        entry.Mode = quint8(mode);
-        entry.ReceiveTiming = quint8(timing);
-        entry.ExtFlags = quint8(extFlags);
-        entry.SendMask = 0x0005;
-        State state = FillSetModusEx(entry);
-        QCOMPARE(state.Index(List::IO), index);
-        QTEST(state.Index(List::SBUS), "busSpeed");
-        QCOMPARE(state.Mask(), quint16(5));
-        for (int use : {index, 0, 3, 0}) {
-            state.Select(List::IO, use);
-            QCOMPARE(state.IsMaskEnabled(), use == 0);
-            QCOMPARE(state.IsEnabled(List::SBUS), use == 0);
-            for (const Box box : {Box::Mode2, Box::Mode4, Box::Mode7, Box::SBUSSend})
-                QCOMPARE(state.IsEnabled(box), use == 0);
-            QCOMPARE(state.IsEnabled(Box::StateInternal), use != 0);
+        const std::tuple<QString, QString, QString, int, int> rows[] = {
+            // time-out, position of the toggle bit; the time-out as corrected, and both as sent
+            {u""_s, u""_s, u"1"_s, 1, 0},
+            {u"0"_s, u"0"_s, u"1"_s, 1, 1},
+            {u"250"_s, u"62"_s, u"250"_s, 250, 63},
+            {u"300"_s, u"64"_s, u"250"_s, 250, 1},
+            {u"-7"_s, u"-1"_s, u"1"_s, 1, 0},
+            {u"99999999999999999999"_s, u"99999999999999999999"_s, u"250"_s, 250, 0},
+            {u"abc"_s, u" 7"_s, u"1"_s, 1, 0},
+        };
+        for (const auto& [timeout, toggle, corrected, timeoutSent, toggleSent] : rows) {
+            State state = Device();
+            state.SetContent(Text::Timeout, timeout);
+            state.SetContent(Text::Toggle, toggle);
+            QCOMPARE(state.IsEnabled(List::ToggleCount), !toggle.isEmpty() && toggle[0] != u' ');
+            CorrectTimeout(state);
+            QCOMPARE(state.Content(Text::Timeout), corrected);
+            const ModeRequest request = PackSetModusEx(state, 0);
+            QCOMPARE(int(request.ExtParam[1]), timeoutSent);
+            QCOMPARE(int(request.ExtParam[4]), toggleSent);
         }
-    }
-
-    /// The first return to the bus takes the defaults, the second doesn't.
-    void ReturnToTheBus() {
-        DeviceEntry entry = Device(0x2, 0x4000);
-        entry.ReceiveTiming = 0x10;
-        State state = FillSetModusEx(entry);
-        state.Select(List::IO, 0);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"40 ff ff 00 00 00 00 02 1e 18 00 00 00 00 00"_s);
-        state.SetMask(1);
-        state.Select(List::SBUS, 1);
-        state.Select(List::IO, 6);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"00 00 00 00 00 00 00 02 1e 18 00 00 00 00 04"_s);
-        state.Select(List::IO, 0);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"40 01 00 00 00 00 00 02 1e 00 00 00 00 00 00"_s);
-    }
-
-    void ARelayInPlaceOfTheBus() {
-        DeviceEntry entry = Device(0x2, 0x02000000);
-        entry.SerialFlags = 1;
-        State state = FillSetModusEx(entry);
-        QCOMPARE(state.Codes(List::IO), (std::vector{BusPort::SerialBus, BusPort::Relay}));
-        QCOMPARE(state.Index(List::IO), 1);
-        QVERIFY(!state.IsMaskEnabled());
-        QCOMPARE(PackSetModusEx(state, 0).ExtParam[6], quint8(1));
-        state.Select(List::IO, 0);
-        QCOMPARE(PackSetModusEx(state, 0).ExtParam[6], quint8(0));
     }
 
     /// What a plain device doesn't have is disabled, though the rule of the connector enables all of the bus.
     void WhatIsMissingIsDisabled() {
-        const State none = FillSetModusEx(Device(0, 0x4000));
-        QVERIFY(none.IsEnabled(List::IO) && !none.IsMaskEnabled() && !none.IsEnabled(Box::Mode2));
-        const State bus = FillSetModusEx(Device(0x1002));
-        QVERIFY(bus.IsMaskEnabled() && bus.IsEnabled(Box::Mode2));
-        QVERIFY(!bus.IsEnabled(List::IO) && !bus.IsEnabled(List::SBUS) && !bus.IsEnabled(Box::SBUSSend));
-    }
-
-    void Receivers_data() {
-        QTest::addColumn<int>("extCapabilities");
-        QTest::addColumn<int>("first"); ///< what the device reports
-        QTest::addColumn<int>("second");
-        QTest::addColumn<int>("receiver"); ///< the list in which
-        QTest::addColumn<int>("code");     ///< this one is chosen then
-        QTest::addColumn<QString>("after");
-        const auto row = [](const char* name, int extCapabilities, int first, int second, int receiver,
-                            int code, const char* after) {
-            QTest::newRow(name) << extCapabilities << first << second << receiver << code
-                                << QString::fromLatin1(after);
-        };
-        // The codes, which receivers are active, and the box for 455 kHz.
-        row("38 beside 56", 0, 1, 1, 1, 2, "2 1 active 1 -, off");
-        row("38 beside 56, second list", 0, 1, 1, 2, 2, "1 2 active - 2, off");
-        row("455 beside 38", 0, 2, 2, 2, 4, "2 4 active 1 2, on");
-        row("plasma beside 38", 0, 2, 2, 2, 5, "2 5 active - 2, on");
-        row("plasma beside 455", 0, 4, 2, 2, 13, "4 13 active 1 2, on");
-        row("universal beside 455", 0, 4, 4, 1, 6, "6 4 active 1 -, on");
-        row("universal beside 38", 0, 2, 2, 1, 14, "14 2 active 1 -, offered");
-        row("both external", 0x04000000, 2, 10, 1, 9, "9 2 active 1 -, off");
-        row("both external, second list", 0x04000000, 10, 2, 2, 12, "2 12 active 1 2, on");
-        row("both external may be", 0, 2, 12, 1, 9, "9 12 active 1 2, on");
-    }
-
-    void Receivers() {
-        QFETCH(int, extCapabilities);
-        QFETCH(int, first);
-        QFETCH(int, second);
-        QFETCH(int, receiver);
-        QFETCH(int, code);
-        DeviceEntry entry = Device(0x820, quint32(extCapabilities));
-        entry.Receivers = quint8(first | second << 4);
-        entry.ExtMode = 0x0C;
-        State state = FillSetModusEx(entry);
-        state.SelectCode(receiver == 1 ? List::Receiver1 : List::Receiver2, code);
-        const QString active =
-            (state.IsOn(Box::RCV1) ? u"1 "_s : u"- "_s) + (state.IsOn(Box::RCV2) ? u'2' : u'-');
-        const QString codes455 = !state.IsEnabled(Box::Ext4) ? u"off"_s
-                                 : state.IsOn(Box::Ext4)     ? u"on"_s
-                                                             : u"offered"_s;
-        QTEST(u"%1 %2 active %3, %4"_s.arg(state.Code(List::Receiver1))
-                  .arg(state.Code(List::Receiver2))
-                  .arg(active, codes455),
-              "after");
+        const State none = Device(0, 0x4000);
+        QCOMPARE(none.Index(List::SBUS), 0);
+        QVERIFY(none.IsEnabled(List::IO) && !none.IsMaskEnabled() && !none.IsEnabled(ModusEx::Box::Mode2));
+        const State bus = Device(0x1002);
+        QVERIFY(bus.IsMaskEnabled() && bus.IsEnabled(ModusEx::Box::Mode2));
+        QVERIFY(!bus.IsEnabled(List::IO) && !bus.IsEnabled(List::SBUS) &&
+                !bus.IsEnabled(ModusEx::Box::SBUSSend));
     }
 
     void ReceiverTexts() {
-        const State internal = FillSetModusEx(Device(0x820, 0x80, 0x100));
+        const State internal = Device(0x820, 0x80, 0x100);
         const auto textsOf = [](const State& state, List list) {
             QStringList texts;
             for (const int code : state.Codes(list))
@@ -273,102 +410,34 @@ private slots:
         QCOMPARE(textsOf(internal, List::Receiver1),
                  u"38 kHz Receiver [INT]|Universal Codelearning Receiver [INT]|"_s + external);
         QCOMPARE(textsOf(internal, List::Receiver2), u"Off|"_s + external);
-        QVERIFY(internal.hasExternalSecond && !AreReceiversSet(internal));
-        QCOMPARE(textsOf(FillSetModusEx(Device()), List::Receiver1), QString(external).remove(u" [EXT]"_s));
-        QCOMPARE(textsOf(FillSetModusEx(Device(0x800, 0x10000080)), List::Receiver2),
+        QVERIFY(internal.hasExternalSecond);
+        QCOMPARE(textsOf(Device(), List::Receiver1), QString(external).remove(u" [EXT]"_s));
+        QCOMPARE(textsOf(Device(0x800, 0x10000080), List::Receiver2),
                  u"455 kHz Plasma shielded Receiver [INT]"_s);
     }
 
-    /// The IR input as RS232 takes the place of the IR output and blocks reception; the speeds come and go.
-    void IrPorts() {
-        DeviceEntry entry = Device(0, 0xC0420000);
-        entry.Mode = 0x02;
-        State state = FillSetModusEx(entry);
-        QCOMPARE(state.Codes(List::IRInput).size(), 7U);
-        QVERIFY(!state.IsEnabled(List::AuxBaudrate) && !state.IsEnabled(Box::UDP));
-
-        state.SetOn(Box::IROutRS232, true);
-        QVERIFY(state.IsEnabled(List::AuxBaudrate) && state.IsEnabled(List::Parity) &&
-                state.IsEnabled(Box::UDP));
-        QCOMPARE(state.Index(List::AuxBaudrate), 1);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"02 00 00 00 00 00 00 02 1e 08 00 00 00 40 00"_s);
-
-        state.SelectCode(List::IRInput, IrInput::Rs232Input);
-        QVERIFY(!state.IsOn(Box::IROutRS232) && !state.IsOn(Box::Mode1) && !state.IsEnabled(Box::Mode1));
-        state.Select(List::AuxBaudrate, 5);
-        state.Select(List::Parity, 2);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"00 00 00 00 00 00 00 02 1e 08 00 00 00 b0 00"_s);
-
-        state.SetOn(Box::IROutRS232, true);
-        QCOMPARE(state.Index(List::IRInput), 0);
-        QVERIFY(state.IsEnabled(Box::Mode1) && state.IsEnabled(List::AuxBaudrate));
-
-        state.SelectCode(List::IRInput, 3);
-        state.SetOn(Box::StateExternal, true);
-        state.SetOn(Box::IROutRS232, false);
-        QVERIFY(!state.IsEnabled(List::AuxBaudrate) && !state.IsEnabled(List::Parity));
-        QCOMPARE(state.Index(List::Parity), -1);
-        QCOMPARE(SettingsOf(PackSetModusEx(state, 0)), u"00 00 00 00 00 00 00 02 1e 00 00 00 98 00 00"_s);
-        state.Select(List::IRInput, 0);
-        QVERIFY(!state.IsOn(Box::StateExternal) && !state.IsEnabled(Box::StateExternal));
-    }
-
-    void Rcmm() {
-        DeviceEntry entry = Device();
-        entry.CodeFlags = 0x07;
-        State state = FillSetModusEx(entry);
-        QVERIFY(state.IsOn(Box::ForceRCMM) && state.IsEnabled(Box::RCMMToggle));
-        state.SetOn(Box::RCMM, false);
-        QVERIFY(!state.IsOn(Box::ForceRCMM) && !state.IsEnabled(Box::RCMMToggle));
-        state.SetOn(Box::RCMM, true);
-        QVERIFY(!state.IsOn(Box::ForceRCMM) && state.IsEnabled(Box::RCMMToggle));
-    }
-
-    /// The RS232 speeds, in both lists, and where they are written.
-    void Speeds_data() {
-        QTest::addColumn<quint32>("capabilities");
-        QTest::addColumn<quint32>("extCapabilities");
-        QTest::addColumn<int>("list");
-        QTest::addColumn<QString>(
-            "sent"); ///< `ExtMode2`, `ReceiveTiming`, `SerialFlags`, `ExtFlags` for 57600
-        const int baud = int(List::Baudrate);
-        const int aux = int(List::AuxBaudrate);
-        QTest::newRow("port") << 0x4U << 0U << baud << u"60 00 00 10"_s;
-        QTest::newRow("port as auxiliary with a bus") << 0x01000006U << 0U << aux << u"60 00 80 00"_s;
-        QTest::newRow("auxiliary without a bus") << 0U << 0x40000U << aux << u"00 00 80 00"_s;
-    }
-
-    void Speeds() {
-        QFETCH(quint32, capabilities);
-        QFETCH(quint32, extCapabilities);
-        QFETCH(int, list);
-        DeviceEntry entry = Device(capabilities, extCapabilities, 0x200);
-        State state = FillSetModusEx(entry);
-        for (int index = 0; index < 6; ++index) {
-            state.Select(List(list), index);
-            const ModeRequest request = PackSetModusEx(state, 0);
-            entry.ExtMode2 = request.ExtMode2;
-            entry.ReceiveTiming = request.ExtParam[2];
-            entry.SerialFlags = request.ExtParam[6];
-            entry.ExtFlags = request.ExtParam[7];
-            QCOMPARE(FillSetModusEx(entry).Index(List(list)), index);
-            if (index == 4)
-                QTEST(Hex(QByteArray(1, char(entry.ExtMode2)) + char(entry.ReceiveTiming) +
-                          char(entry.SerialFlags) + char(entry.ExtFlags)),
-                      "sent");
-        }
-    }
-
-    void DateFormats() {
-        DeviceEntry entry = Device();
-        entry.Version = u"D5.20.01"_s;
-        State state = FillSetModusEx(entry);
-        const int numbers[] = {0, 1, 2, 4, 5, 6, 8, 9, 10};
-        for (int index = 0; index < 9; ++index) {
-            state.Select(List::Date, index);
-            entry.SendMask = quint32(PackSetModusEx(state, 0).SendMask);
-            QCOMPARE(int(entry.SendMask), numbers[index]);
-            QCOMPARE(FillSetModusEx(entry).Index(List::Date), index);
+    void PowerCommands() {
+        const std::tuple<const char*, quint32, QString, QString> devices[] = {
+            {"U", 0, u"hifi"_s, u"tv|on|_||000000000000"_s},
+            {"U", 0x200080, u"hifi"_s, u"||hifi|off|000000000000"_s},
+            {"U", 0x90, u"hifi"_s, u"tv|on|_||000000000000"_s},
+            {"U", 0x400080, u"hifi"_s, u"tv|on|_||000000000000"_s},
+            {"E", 0x200000, u"hifi"_s, u"tv|on|_||000000000000"_s},
+            {"E", 0x200000, LanMark, u"tv|on|_||6f6666009aff"_s},
+            {"G", 0, LanMark, u"tv|on|_||6f6666009aff"_s},
+            {"W", 0x200080, LanMark, u"||_||6f6666009aff"_s},
+            {"W", 0x10, LanMark, u"tv|on|_||6f6666009aff"_s},
+        };
+        for (const auto& [version, capabilities, powerOff, sent] : devices) {
+            DeviceEntry entry = Reporting({version, capabilities, 0, 0, "", ""});
+            SetPower(entry, powerOff);
+            const State state = FillSetModusEx(entry);
+            const ModeRequest request = PackSetModusEx(state, 0x0103);
+            QCOMPARE(PowerOf(request), sent);
+            QCOMPARE(request.DeviceTag, 0x0103);
+            // A device that can only be woken shows a power-on command, which can't be changed.
+            for (const Text text : {Text::Hotremote, Text::Hotcommand})
+                QCOMPARE(state.IsEnabled(text), version[0] != 'W' && !request.HotRemote.isEmpty());
         }
     }
 };

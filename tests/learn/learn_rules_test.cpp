@@ -33,21 +33,25 @@ LearnControls FreshControls() {
 /// What is enabled, in words; and what else a version decides.
 QString Told(const LearnControls& controls) {
     const LearnControls::Enabled& e = controls.enabled;
-    QStringList words;
-    const std::pair<bool, const char*> all[] = {
-        {e.addressMode, "address"},   {e.receiver, "receiver"},
-        {e.timeoutCode, "timeout"},   {e.tolerance, "tolerance"},
-        {e.calibration, "calibrate"}, {e.waitTime, "wait"},
-        {e.longPresses, "long"},      {e.toggle, "toggle"},
-        {e.noSort, "sort"},           {e.bo, "bo"},
+    const std::pair<bool, QString> all[] = {
+        {e.addressMode, u"address"_s},
+        {e.receiver, u"receiver"_s},
+        {e.timeoutCode, u"timeout"_s},
+        {e.tolerance, u"tolerance"_s},
+        {e.calibration, u"calibrate"_s},
+        {e.waitTime, u"wait"_s},
+        {e.longPresses, u"long"_s},
+        {e.toggle, u"toggle"_s},
+        {e.noSort, u"sort"_s},
+        {e.bo, u"bo"_s},
+        {true, u"%1 calibrations at %2"_s.arg(controls.calibrations).arg(controls.calibration)},
+        {true, u"%1 modes at %2"_s.arg(controls.modes.size()).arg(controls.mode)},
+        {controls.timingVisible, u"timing"_s},
     };
-    for (const auto& [isEnabled, word] : all)
-        if (isEnabled)
-            words += QLatin1StringView(word);
-    words += u"%1 calibrations at %2"_s.arg(controls.calibrations).arg(controls.calibration);
-    words += u"%1 modes at %2"_s.arg(controls.modes.size()).arg(controls.mode);
-    if (controls.timingVisible)
-        words += u"timing"_s;
+    QStringList words;
+    for (const auto& [isTold, word] : all)
+        if (isTold)
+            words += word;
     return words.join(u' ');
 }
 
@@ -57,90 +61,74 @@ class LearnRulesTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void Receivers_data() {
-        QTest::addColumn<BusElement>("bus");
-        QTest::addColumn<QString>("list");
-        QTest::addColumn<int>("chosen");
-        QTest::newRow("old firmware") << MakeBus("5.19.99", 0x820, 0x80, 0, 0x22)
-                                      << u"Default=0, 38 kHz=64, 455 kHz=128, Both=192"_s << 0;
-        QTest::newRow("internal, one channel")
-            << MakeBus("5.20.00", 0, 0x80, 0, 0x04)
-            << u"38 kHz [INT]=2, 455 kHz [INT]=4, Codelearning Receiver [INT]=6"_s << 1;
-        QTest::newRow("internal, two channels, plasma")
-            << MakeBus("5.20.00", 0x800, 0x1000'0080, 0, 0x52)
-            << u"1: 38 kHz [INT]=2, 1: Codelearning Receiver [INT]=6, 2: 455 kHz Plasma [INT]=21"_s << 0;
-        QTest::newRow("internal, two channels, the last match stands")
-            << MakeBus("6.04.44", 0x800, 0x80, 0x100, 0x4C)
-            << u"1: 38 kHz [INT]=2, 1: Codelearning Receiver [INT]=6, 2: 455 kHz [INT]=20, "
-               "2: 56 kHz [EXT]=25, 2: 38 kHz [EXT]=26, 2: 455 kHz [EXT]=28, 2: 455 kHz Plasma [EXT]=29, "
-               "2: Codelearning Receiver [EXT]=30"_s
-            << 5;
-        QTest::newRow("its own receiver and external ones")
-            << MakeBus("6.00.00", 0x20, 0, 0, 0x01)
-            << u"56 kHz=1, 56 kHz [EXT]=9, 38 kHz [EXT]=10, 455 kHz [EXT]=12, 455 kHz Plasma [EXT]=13, "
-               "Codelearning Receiver [EXT]=14"_s
-            << 0;
-        QTest::newRow("second channel's own, found by its code")
-            << MakeBus("6.00.00", 0x800, 0x80'0000, 0, 0x2B)
-            << u"1: 56 kHz [EXT]=9, 1: 38 kHz [EXT]=10, 1: 455 kHz [EXT]=12, 1: 455 kHz Plasma [EXT]=13, "
-               "1: Codelearning Receiver [EXT]=14, 2: 38 kHz=18"_s
-            << 5;
-        QTest::newRow("an external receiver that it can't have")
-            << MakeBus("6.00.00", 0, 0, 0, 0x0A) << u""_s << -1;
-    }
-
+    /// The list, and which of them is chosen.
     void Receivers() {
-        QFETCH(BusElement, bus);
-        LearnControls controls = FreshControls();
-        ChooseBus(controls, bus);
-        QStringList list;
-        for (const Receiver& receiver : controls.receivers)
-            list += u"%1=%2"_s.arg(receiver.label).arg(receiver.map);
-        QTEST(list.join(u", "), "list");
-        QTEST(controls.receiver, "chosen");
-    }
-
-    void Versions_data() {
-        QTest::addColumn<QList<const char*>>("chosen");
-        QTest::addColumn<QString>("closed");
-        QTest::addColumn<QString>("open");
-        const QString newest = u"receiver timeout tolerance calibrate wait "_s;
-        QTest::newRow("4.04.11") << QList{"4.04.11"} << u"4 calibrations at 0 6 modes at 1 timing"_s
-                                 << u"4 calibrations at 0 6 modes at 1 timing"_s;
-        QTest::newRow("4.04.12") << QList{"4.04.12"} << u"4 calibrations at 0 6 modes at 1 timing"_s
-                                 << u"timeout 4 calibrations at 0 6 modes at 1 timing"_s;
-        QTest::newRow("5.04.01") << QList{"5.04.01"}
-                                 << u"receiver calibrate 4 calibrations at -1 6 modes at 1 timing"_s
-                                 << u"receiver timeout calibrate 2 calibrations at 0 6 modes at 1 timing"_s;
-        QTest::newRow("5.20.00") << QList{"5.20.00"} << u"4 calibrations at -1 5 modes at 0"_s
-                                 << newest + u"toggle sort bo 4 calibrations at 0 5 modes at 0"_s;
-        QTest::newRow("6.04.43") << QList{"6.04.43"} << u"4 calibrations at -1 5 modes at 0"_s
-                                 << newest + u"toggle sort bo 4 calibrations at 0 5 modes at 0"_s;
-        QTest::newRow("6.04.44") << QList{"6.04.44"} << u"4 calibrations at -1 5 modes at 0"_s
-                                 << newest + u"long toggle sort bo 4 calibrations at 0 5 modes at 0"_s;
-        QTest::newRow("back to an old one")
-            << QList{"6.04.44", "5.10.00"} << u"receiver calibrate 4 calibrations at -1 6 modes at 1 timing"_s
-            << u"receiver timeout calibrate wait 2 calibrations at 0 6 modes at 1 timing"_s;
-        QTest::newRow("and forth again")
-            << QList{"5.10.00", "5.20.00"} << u"receiver calibrate 4 calibrations at -1 5 modes at 0"_s
-            << newest + u"toggle sort bo 4 calibrations at 0 5 modes at 0"_s;
-    }
-
-    void Versions() {
-        QFETCH(QList<const char*>, chosen);
-        for (const bool isOpen : {false, true}) {
+        const std::tuple<BusElement, QString, int> rows[] = {
+            {MakeBus("5.19.99", 0x820, 0x80, 0, 0x22), u"Default=0, 38 kHz=64, 455 kHz=128, Both=192"_s, 0},
+            {MakeBus("5.20.00", 0, 0x80, 0, 0x04),
+             u"38 kHz [INT]=2, 455 kHz [INT]=4, Codelearning Receiver [INT]=6"_s, 1},
+            {MakeBus("5.20.00", 0x800, 0x1000'0080, 0, 0x52),
+             u"1: 38 kHz [INT]=2, 1: Codelearning Receiver [INT]=6, 2: 455 kHz Plasma [INT]=21"_s, 0},
+            // The last match stands.
+            {MakeBus("6.04.44", 0x800, 0x80, 0x100, 0x4C),
+             u"1: 38 kHz [INT]=2, 1: Codelearning Receiver [INT]=6, 2: 455 kHz [INT]=20, "
+             "2: 56 kHz [EXT]=25, 2: 38 kHz [EXT]=26, 2: 455 kHz [EXT]=28, 2: 455 kHz Plasma [EXT]=29, "
+             "2: Codelearning Receiver [EXT]=30"_s,
+             5},
+            {MakeBus("6.00.00", 0x20, 0, 0, 0x01),
+             u"56 kHz=1, 56 kHz [EXT]=9, 38 kHz [EXT]=10, 455 kHz [EXT]=12, 455 kHz Plasma [EXT]=13, "
+             "Codelearning Receiver [EXT]=14"_s,
+             0},
+            // The second channel's own, found by its code.
+            {MakeBus("6.00.00", 0x800, 0x80'0000, 0, 0x2B),
+             u"1: 56 kHz [EXT]=9, 1: 38 kHz [EXT]=10, 1: 455 kHz [EXT]=12, 1: 455 kHz Plasma [EXT]=13, "
+             "1: Codelearning Receiver [EXT]=14, 2: 38 kHz=18"_s,
+             5},
+            {MakeBus("6.00.00", 0, 0, 0, 0x0A), u""_s, -1}, // external, which it can't have
+        };
+        for (const auto& [bus, texts, chosen] : rows) {
             LearnControls controls = FreshControls();
-            if (isOpen)
-                OpenedRemote(controls, false);
-            for (const char* version : chosen) {
-                const BusElement bus = MakeBus(version, 0x800);
-                ChooseBus(controls, bus);
-                EnableLearn(controls, bus);
-            }
-            QFETCH(QString, closed);
-            QFETCH(QString, open);
-            QCOMPARE(Told(controls), isOpen ? open : closed);
+            ChooseBus(controls, bus);
+            QStringList list;
+            for (const Receiver& receiver : controls.receivers)
+                list += u"%1=%2"_s.arg(receiver.label).arg(receiver.map);
+            QCOMPARE(list.join(u", "), texts);
+            QCOMPARE(controls.receiver, chosen);
         }
+    }
+
+    /// The buses that are chosen one after the other; what that enables before a remote is open, and then.
+    void Versions() {
+        const QString old = u" 6 modes at 1 timing"_s;
+        const QString none = u"4 calibrations at -1 5 modes at 0"_s;
+        const QString newest = u"receiver timeout tolerance calibrate wait %1toggle sort bo "
+                               "4 calibrations at 0 5 modes at 0"_s;
+        const std::tuple<QList<const char*>, QString, QString> rows[] = {
+            {{"4.04.11"}, u"4 calibrations at 0"_s + old, u"4 calibrations at 0"_s + old},
+            {{"4.04.12"}, u"4 calibrations at 0"_s + old, u"timeout 4 calibrations at 0"_s + old},
+            {{"5.04.01"},
+             u"receiver calibrate 4 calibrations at -1"_s + old,
+             u"receiver timeout calibrate 2 calibrations at 0"_s + old},
+            {{"5.20.00"}, none, newest.arg(u""_s)},
+            {{"6.04.43"}, none, newest.arg(u""_s)},
+            {{"6.04.44"}, none, newest.arg(u"long "_s)},
+            {{"6.04.44", "5.10.00"},
+             u"receiver calibrate 4 calibrations at -1"_s + old,
+             u"receiver timeout calibrate wait 2 calibrations at 0"_s + old},
+            {{"5.10.00", "5.20.00"}, u"receiver calibrate "_s + none, newest.arg(u""_s)},
+        };
+        for (const auto& [versions, closed, open] : rows)
+            for (const bool isOpen : {false, true}) {
+                LearnControls controls = FreshControls();
+                if (isOpen)
+                    OpenedRemote(controls, false);
+                for (const char* version : versions) {
+                    const BusElement bus = MakeBus(version, 0x800);
+                    ChooseBus(controls, bus);
+                    EnableLearn(controls, bus);
+                }
+                QCOMPARE(Told(controls), isOpen ? open : closed);
+            }
     }
 
     void AModeDecidesOnTheNextStep() {
@@ -200,14 +188,15 @@ private slots:
 
     void BOByReceiver() {
         // One channel: always as the device has it. Two: not with a code learning receiver beside 455 kHz.
-        QVERIFY(DefaultsToBO(MakeBus("6.0", 0, 0, 0, 0x44, 0x10), 6));
-        QVERIFY(!DefaultsToBO(MakeBus("6.0", 0, 0, 0, 0x44, 0), 4));
-        QVERIFY(!DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x42, 0x10), 6));
-        QVERIFY(!DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x25, 0x10), 14));
-        QVERIFY(DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x22, 0x10), 6));
-        QVERIFY(!DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x24, 0x10), 0x16));
-        QVERIFY(DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x42, 0x10), 0x16));
-        QVERIFY(DefaultsToBO(MakeBus("6.0", 0x800, 0, 0, 0x44, 0x10), 4));
+        const std::tuple<quint32, int, int, int, bool> rows[] = {
+            {0, 0x44, 0x10, 6, true},        {0, 0x44, 0, 4, false},       {0x800, 0x42, 0x10, 6, false},
+            {0x800, 0x25, 0x10, 14, false},  {0x800, 0x22, 0x10, 6, true}, {0x800, 0x24, 0x10, 0x16, false},
+            {0x800, 0x42, 0x10, 0x16, true}, {0x800, 0x44, 0x10, 4, true},
+        };
+        for (const auto& [capabilities, receivers, defaults, map, isBO] : rows)
+            QCOMPARE(DefaultsToBO(MakeBus("6.0", capabilities, 0, 0, quint8(receivers), quint8(defaults)),
+                                  quint8(map)),
+                     isBO);
     }
 
     void WhatGoesOut() {

@@ -79,13 +79,9 @@ private slots:
         QVERIFY(cmbDevice->window()->isModal());
 
         const QByteArray list = Raw::TextFrame("RESULT_HTML_FILELIST <b>a</b>.htm;1;2;\xFC.css;3;4;c;5;6;\n");
-        for (const qsizetype cut : {1, 9, 30}) {
-            rig.server.Play(list.first(cut));
-            QTest::qWait(1);
-            rig.Play(list.sliced(cut));
-        }
+        rig.Play(list.repeated(2));
         auto* lstFiles = rig.Find<QTreeWidget>("lstFiles");
-        QCOMPARE(lstFiles->topLevelItemCount(), 9); // nothing empties it
+        QCOMPARE(lstFiles->topLevelItemCount(), 6); // nothing empties it
         QCOMPARE(lstFiles->topLevelItem(1)->text(2), u"4"_s);
         const auto press = [&](const char* button) { QTest::mouseClick(rig.Button(button), Qt::LeftButton); };
         press("cmdAll");
