@@ -200,11 +200,3 @@ BENCHMARK(LoadCommands)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FillLists)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FillDialog)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenActions)->UseManualTime()->Iterations(100)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

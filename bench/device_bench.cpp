@@ -1,9 +1,8 @@
-#include "ratio.h"
+#include "opening.h"
 
 #include "device/frmDeviceMode.h"
 #include "device/frmSetModus.h"
-
-#include <QApplication>
+#include "device/frmSetModusEx.h"
 
 using namespace Qt::StringLiterals;
 
@@ -32,61 +31,47 @@ std::vector<DeviceBus> Buses(int count) {
     return buses;
 }
 
-/// What the forms need; no server is there.
-struct Services {
-    Session session;
-    Language language;
-    Boxes boxes{language};
-    FormServices services{session, language, boxes};
-};
-
-/// Seconds until the form that `make` makes is on the screen.
-template <class Make> double TimeToOpen(Make&& make) {
-    std::unique_ptr<Form> form;
-    return TimeOf([&] {
-        form.reset(make());
-        form->setAttribute(Qt::WA_DeleteOnClose, false);
-        form->ShowModeless();
-        QApplication::processEvents();
-    });
+/// A device that has nearly everything that the extended settings can set.
+DeviceEntry ExtendedDevice() {
+    DeviceEntry entry;
+    entry.Version = u"F6.04.43"_s;
+    entry.Mode = 0xFF;
+    entry.ExtMode = 0xFF;
+    entry.Capabilities = 0x0020582E;
+    entry.ExtCapabilities = 0xC87F6D00;
+    entry.Receivers = 0xA4;
+    entry.CodeFlags = 0xFF;
+    entry.SendMask = 0xFFFF;
+    return entry;
 }
 
 /// The tree of 64 buses with 1,024 devices, against that of one bus with 16.
 void OpenDeviceTree(benchmark::State& state) {
-    Services rig;
+    EnglishServices english;
     const auto all = Buses(StatusStore::MostBuses);
     const auto few = Buses(1);
     const auto open = [&](const std::vector<DeviceBus>& buses) {
-        return TimeToOpen([&] { return new frmDeviceMode(rig.services, buses, nullptr); });
+        return TimeToOpen([&] { return new frmDeviceMode(english.services, buses, nullptr); });
     };
     CompareInTurns(
         state, [&] { return open(all); }, [&] { return open(few); });
     state.counters["of_100_ms"] = state.counters["ours_us"] / 100'000;
 }
 
-/// The basic settings, against a form with nothing on it.
 void OpenSetModus(benchmark::State& state) {
-    Services rig;
-    const DeviceEntry entry = RichDevice();
-    CompareInTurns(
-        state,
-        [&] {
-            return TimeToOpen([&] {
-                return new frmSetModus(rig.services, entry, DeviceOrigin::Single, 0, u"0"_s, nullptr);
-            });
-        },
-        [&] { return TimeToOpen([&] { return new Form(rig.services, u"frmEmpty"_s, {}, nullptr); }); });
-    state.counters["of_50_ms"] = state.counters["ours_us"] / 50'000;
+    CompareOpening(state, [device = RichDevice()](const FormServices& services) {
+        return new frmSetModus(services, device, DeviceOrigin::Single, 0, u"0"_s, nullptr);
+    });
+}
+
+void OpenExtendedSettings(benchmark::State& state) {
+    CompareOpening(state, [device = ExtendedDevice()](const FormServices& services) {
+        return new frmSetModusEx(services, device, 0, {}, nullptr);
+    });
 }
 
 } // namespace
 
 BENCHMARK(OpenDeviceTree)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenSetModus)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
+BENCHMARK(OpenExtendedSettings)->UseManualTime()->Iterations(100)->Unit(benchmark::kMillisecond);

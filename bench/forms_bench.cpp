@@ -69,10 +69,3 @@ void OpenLanguageFile(benchmark::State& state) {
 
 BENCHMARK(LoadForm)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(OpenLanguageFile)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -130,11 +130,3 @@ void ReplacePage(benchmark::State& state) {
 
 BENCHMARK(PressToWire)->UseManualTime()->Iterations(2000)->Unit(benchmark::kMicrosecond);
 BENCHMARK(ReplacePage)->UseManualTime()->Iterations(100)->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    QApplication::setQuitOnLastWindowClosed(false);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}

@@ -130,10 +130,3 @@ void FillCommandCombo(benchmark::State& state) {
 BENCHMARK(FillTreeFromPages)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FillShownTreeFromPages)->UseManualTime()->Unit(benchmark::kMillisecond);
 BENCHMARK(FillCommandCombo)->UseManualTime()->Unit(benchmark::kMillisecond);
-
-int main(int argc, char** argv) {
-    QApplication application(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    return 0;
-}
