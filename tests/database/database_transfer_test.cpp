@@ -166,14 +166,14 @@ page:2,3,8/tv tree | <unknown 8: ; Loaded; Ramp! Rtv! Camp-mute Camp-loud>
 # the lists fill the tree
 // The first answer is of an earlier dialog.
 start commands:on_,off | 18 / 0
-remotes:_tv_,amp,tv | 19 tv/ 0 <remotes tv,amp,tv>
-remotes:_tv_,amp,tv commands:on_,off | 19 amp/ 0
+remotes:_tv_,_,amp,tv | 19 tv/ 0 <remotes tv,,amp,tv>
+remotes:_tv_,_,amp,tv commands:on_,off | 19 amp/ 0
 // An error doesn't say whose it is. The next request's answer does: none came for this remote.
 error*2 | 52 / 0
 sets:_one | 19 tv/ 0
 // Somebody else's error: the answer comes all the same.
 error commands:on_,off | 52 / 0
-sets:_one*2 tree | 52 / 0 <sets one; Rtv Ramp Ctv-on Ctv-off>
+sets:_one*2 tree | 52 / 0 <sets one; Rtv R Ramp Ctv-on Ctv-off>
 
 # the lists of a server without remotes
 start remotes: | 18 / 0; 52 / 0 <remotes >
@@ -224,6 +224,8 @@ private slots:
             // A load that can't be asked for costs nobody his marks.
             rig.transfer->Load(u"one"_s);
             rig.transfer->Flash(0, {});
+            rig.lists.Start();
+            QCOMPARE(rig.lists.Current(), DatabaseLists::State::Idle);
             QCOMPARE(rig.transfer->Current(), State::Idle);
         });
         rig.Run(u"tree | <LinkLost; LinkLost; LinkLost; Ramp! Rtv Camp-mute! Camp-loud>"_s);

@@ -366,6 +366,7 @@ private slots:
         QVERIFY(QTest::qWaitFor([&] { return rig.Progress()->value() == 3; }));
         QCOMPARE(rig.Progress()->text(), u"Element 3 von %1"_s.arg(total));
         QVERIFY(rig.IsRunning());
+        rig.practice.GetFaults().delay = 0;
         // The name typed meanwhile still isn't replaced unasked.
         rig.Sets()->setEditText(u"Demo"_s);
         QVERIFY(QTest::qWaitFor([&] { return !rig.IsRunning(); }));
@@ -386,7 +387,8 @@ private slots:
         QVERIFY(!rig.IsRunning());
         // Without a name, or beyond a limit, nothing goes out.
         const int before = rig.practice.Records();
-        rig.Start("cmdSave", u"  "_s);
+        for (const char* button : {"cmdSave", "cmdLoad"})
+            rig.Start(button, u"  "_s);
         QVERIFY(!rig.IsRunning());
         for (int i = 0; rig.Tree().Count() <= TranslatorLimits::Elements; ++i)
             AddNode(rig.Tree(), MakeReceived(TranslatorKind::Macro, u"CON"_s, {u"tv"_s, QString::number(i)}));
