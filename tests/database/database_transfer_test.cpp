@@ -41,13 +41,13 @@ private:
     }
 
     QByteArray Reply(const QString& word, const QStringList& arguments) const override {
-        static const QHash<QString, int> lists = {{u"remotes"_s, 6}, {u"commands"_s, 7}, {u"sets"_s, 17}};
-        if (lists.contains(word)) {
+        const int list = word == u"remotes" ? 6 : word == u"commands" ? 7 : word == u"sets" ? 17 : 0;
+        if (list != 0) {
             QByteArray names;
             const int count = arguments == QStringList{{}} ? 0 : int(arguments.size());
             for (const QString& name : arguments.first(count))
                 names += word == u"commands" ? Raw::Command(name.toLatin1()) : Raw::Name(name.toLatin1());
-            return Raw::Page(lists[word], 0, count, count, 0, names);
+            return Raw::Page(list, 0, count, count, 0, names);
         }
         if (word == u"memory")
             return Raw::DatabaseStatus(arguments[0].toLatin1(), "64K");
@@ -158,7 +158,7 @@ load:two page:0,9,+ state tree | 49 two/ 0 <Loaded; state 1; Ramp Rtv Camp-mute 
 
 # two loads in a row: the answers come one after the other, and the tree is that of the second
 load:one load:two global:3,+ | 49 one/ 0; 49 two/ 0; 49 / 1 <settings>
-global:3,+ | 49 / 1 <settings>
+global:3,+ page:2,3,8/tv | 49 / 1 <settings>
 page:1,3,8/amp,+ | 49 / 2
 page:1,3,8/amp,+ global:3,+ |
 page:2,3,8/tv tree | <unknown 8: ; Loaded; Ramp! Rtv! Camp-mute Camp-loud>

@@ -133,7 +133,7 @@ struct PracticeRig : ProgramRig {
     /// The text of the box that comes; it is closed by one of its buttons.
     QString Answered(QMessageBox::StandardButton button) const {
         Expect([this] { return CurrentBox() != nullptr; });
-        const QString text = CurrentBox()->text();
+        QString text = CurrentBox()->text();
         QTest::mouseClick(CurrentBox()->button(button), Qt::LeftButton);
         return text;
     }

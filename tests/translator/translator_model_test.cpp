@@ -175,6 +175,7 @@ private slots:
             const auto elements = Elements(random.tree);
             QCOMPARE(int(elements.size()), random.tree.Count());
             std::vector<TranslatorRequest> received;
+            received.reserve(elements.size());
             for (const TranslatorRequest& element : elements)
                 received.push_back(Decode<TranslatorRequest>(Encode(element)));
             KeyedTree tree;
