@@ -53,19 +53,20 @@ private:
             return Raw::DatabaseStatus(arguments[0].toLatin1(), "64K");
         const bool more = arguments.last() == u"+";
         if (word == u"global")
-            return Raw::Page(15, 0, 1, arguments[0].toInt(), more, Golden::DatabaseGlobal());
+            return Raw::Page(15, 0, 1, arguments[0].toInt(), more ? 1 : 0, Golden::DatabaseGlobal());
         if (word != u"page")
             return TransferRig::Reply(word, arguments);
         QByteArray elements;
-        const auto named = arguments.sliced(2, arguments.size() - (more ? 3 : 2));
-        for (const QString& each : named) {
+        int count = 0;
+        for (const QString& each : arguments.sliced(2, arguments.size() - (more ? 3 : 2))) {
             IRDBElementRecord element;
             element.ElementKind = quint8(each.section(u'/', 0, 0).toInt());
             element.remote = each.section(u'/', 1, 1);
             element.command = each.section(u'/', 2);
             elements += Encode(element);
+            ++count;
         }
-        return Raw::Page(15, arguments[0].toInt(), int(named.size()), arguments[1].toInt(), more, elements);
+        return Raw::Page(15, arguments[0].toInt(), count, arguments[1].toInt(), more ? 1 : 0, elements);
     }
     void Do(const QString& word, const QString& argument) override {
         if (word == u"save")
