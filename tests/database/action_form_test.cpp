@@ -1,53 +1,16 @@
+#include "database/database_tree.h"
 #include "database/frmIRDBAction.h"
 #include "database/frmRemProperties.h"
+#include "database/random_tags.h"
 
 #include "support/suite.h"
 
 #include <QPointer>
-#include <QRandomGenerator>
 #include <QSignalSpy>
 
 using namespace Qt::StringLiterals;
 
 namespace {
-
-QRandomGenerator dice(20);
-
-bool Coin() {
-    return dice.bounded(2) == 1;
-}
-
-ActionTarget RandomTarget() {
-    const qint32 ip = Coin() ? qint32(dice.generate()) : 0;
-    const quint16 port = Coin() ? quint16(dice.generate()) : quint16(0);
-    return {ip, port, Coin(), Coin(), Coin(), Coin()};
-}
-
-/// Of all characters that a record can bring, control characters among them.
-QString RandomText(int most) {
-    QString text(dice.bounded(most + 1), u' ');
-    for (QChar& c : text)
-        c = QChar(dice.bounded(1, 256));
-    return text;
-}
-
-/// Binary data in its normal form, or as it may be typed.
-QString RandomBinary() {
-    const QString normal = BinaryToHex(RandomText(255).toLatin1());
-    return dice.bounded(4) == 0 ? u"  1  FF A"_s : normal;
-}
-
-QString RandomActionTag() {
-    ActionTag tag;
-    tag.relay = dice.bounded(4);
-    tag.function = ActionDialog::RelayFunctions[dice.bounded(6)];
-    for (ActionGroup& group : tag.groups) {
-        group = {RandomTarget(), Coin(), {}};
-        group.text = group.binary ? RandomBinary() : RandomText(255);
-    }
-    tag.groups[size_t(dice.bounded(8))].target.isDefault = false; // so that something is set
-    return tag.Format();
-}
 
 template <class T> T* Find(const Form* form, const QString& name, int page = -1) {
     auto* control = form->findChild<T*>(page < 0 ? name : ElementName(name, page));
@@ -56,7 +19,7 @@ template <class T> T* Find(const Form* form, const QString& name, int page = -1)
     return control;
 }
 
-/// Presses OK; what the form gave back. The form must be gone.
+/// Presses OK; what the form of a tag gave back. The form must be gone.
 template <class F> QString Accepted(F* form) {
     const QPointer<F> loaded = form;
     QSignalSpy changed(form, &F::TagChanged);
@@ -72,16 +35,18 @@ class ActionFormTest : public QObject {
 
 private slots:
     void UnchangedTagsStay() {
+        Dice dice;
         const QString versions[] = {u"E5.05.07"_s, u"E5.08.10"_s, u"G6.05.10"_s, u"S6.03.10"_s};
-        for (int i = 0; i < 200; ++i) {
-            const QString tag = RandomActionTag();
-            QCOMPARE(Accepted(Action(tag, versions[i % 4])), tag);
+        for (int i = 0; i < 100; ++i) {
+            const QString action = dice.ActionTagOf(1, 256);
+            QCOMPARE(Accepted(Action(action, versions[i % 4])), action);
+            const QString remote = RemoteTag{dice.Target(), dice.Text(i % 2 == 0 ? 50 : 256)}.Format();
+            QCOMPARE(Accepted(Remote(remote, i % 3 != 0)), remote);
         }
-        for (int i = 0; i < 200; ++i) {
-            const QString tag = RemoteTag{RandomTarget(), RandomText(i % 2 == 0 ? 50 : 256)}.Format();
-            QCOMPARE(Accepted(Remote(tag, i % 3 != 0)), tag);
-        }
-        QCOMPARE(Accepted(Remote({}, true)), u"000000000000000001000"_s);
+        ActionTag asTyped;
+        asTyped.groups[5] = {{}, true, u"  1  FF A"_s};
+        QCOMPARE(Accepted(Action(asTyped.Format())), asTyped.Format());
+        QCOMPARE(Accepted(Remote({}, true)), DatabaseTree::DefaultRemoteTag);
         QCOMPARE(Accepted(Action({})), u'0' + ActionTag().Format().sliced(1));
     }
 
@@ -106,63 +71,62 @@ private slots:
     /// that remain, "!" if their strip is hidden, and whether the last (r)elay function is enabled. Of the
     /// page, enabled: (i)P, (p)ort, (d)efault, (u)dp, (a)ux, aux(2), (b)inary, (e)z, (s)hort and (l)ong
     /// fields; visible: (t)ext, e(z) fields; behind the stroke what is checked.
-    void ActionControls_data() {
-        QTest::addColumn<QString>("expected");
-        const auto row = [](const char* name, const QString& expected) { QTest::newRow(name) << expected; };
-        row("G6.05.10 0", u"8r ipd2best/d"_s);
-        row("G6.05.10 7 chkDefault", u"8r ipdua2bst/"_s);
-        row("G6.05.10 1 chkDefault chkUDP chkAUX chkAUX2 chkDefault", u"8r ipd2best/d2"_s);
-        row("G6.05.10 0 chkBinary", u"8r ipd2best/db"_s);
-        row("G6.05.10 0 chkEZ", u"8r i2esz/ube"_s);
-        row("G6.05.10 2 =chkEZ optLong", u"8r i2elz/ube"_s);
-        row("G6.05.10 2 chkEZ optLong optShort", u"8r i2esz/ube"_s);
-        row("G6.05.10 2 chkEZ chkEZ", u"8r ipdua2best/ub"_s);
-        row("G6.05.10 3 chkEZ", u"8r ipd2bst/d"_s);
-        row("E5.05.07 0 chkDefault chkEZ", u"1! 2bst/d"_s);
-        row("E5.08.10 2", u"3r ipd2best/d"_s);
-        row("S6.03.10 0 chkDefault chkUDP", u"2 d2bst/"_s);
-        row("S6.03.10 1 chkDefault", u"2 2bst/d"_s);
-        row("S6.03.10 0 =chkEZ", u"2 2sz/ube"_s);
-    }
     void ActionControls() {
-        QStringList steps = QString::fromLatin1(QTest::currentDataTag()).split(u' ');
-        const Form* form = Action({}, steps.takeFirst());
-        const int page = steps.takeFirst().toInt();
-        for (const QString& step : steps) {
-            if (step.startsWith(u'='))
-                Find<QAbstractButton>(form, step.sliced(1), page)->toggle();
-            else
-                Find<QAbstractButton>(form, step, page)->click();
-        }
-        // A letter and the controls that are enabled together.
-        const QString groups =
-            u"i lblIP/p lblPort txtPort/d chkDefault/u chkUDP/a chkAUX/2 chkAUX2/b chkBinary/e chkEZ/"
-            "s Label1 txtSNr Label2 txtSWert/l Label3 cmbTyp Label4 txtHC1 txtHC2 Label5 txtAdr "
-            "Label6 txtValue Label7 txtArg txtRepeat"_s;
-        QString state;
-        QString checked;
-        for (const QString& group : groups.split(u'/')) {
-            const QStringList names = group.sliced(2).split(u' ');
-            int enabled = 0;
-            for (const QString& name : names) {
-                enabled += Find<QWidget>(form, name, page)->isEnabled() ? 1 : -1;
-                const auto* box = form->findChild<QCheckBox*>(ElementName(name, page));
-                checked += box != nullptr && box->isChecked() ? group.first(1) : QString();
+        for (const auto& [row, expected] :
+             {std::pair{u"G6.05.10 0"_s, u"8r ipd2best/d"_s},
+              {u"G6.05.10 7 chkDefault"_s, u"8r ipdua2bst/"_s},
+              {u"G6.05.10 1 chkDefault chkUDP chkAUX chkAUX2 chkDefault"_s, u"8r ipd2best/d2"_s},
+              {u"G6.05.10 0 chkBinary"_s, u"8r ipd2best/db"_s},
+              {u"G6.05.10 0 chkEZ"_s, u"8r i2esz/ube"_s},
+              {u"G6.05.10 2 =chkEZ optLong"_s, u"8r i2elz/ube"_s},
+              {u"G6.05.10 2 chkEZ optLong optShort"_s, u"8r i2esz/ube"_s},
+              {u"G6.05.10 2 chkEZ chkEZ"_s, u"8r ipdua2best/ub"_s},
+              {u"G6.05.10 3 chkEZ"_s, u"8r ipd2bst/d"_s},
+              {u"E5.05.07 0 chkDefault chkEZ"_s, u"1! 2bst/d"_s},
+              {u"E5.08.10 2"_s, u"3r ipd2best/d"_s},
+              {u"S6.03.10 0 chkDefault chkUDP"_s, u"2 d2bst/"_s},
+              {u"S6.03.10 1 chkDefault"_s, u"2 2bst/d"_s},
+              {u"S6.03.10 0 =chkEZ"_s, u"2 2sz/ube"_s}}) {
+            QStringList steps = row.split(u' ');
+            const Form* form = Action({}, steps.takeFirst());
+            const int page = steps.takeFirst().toInt();
+            for (const QString& step : steps) {
+                step.startsWith(u'=') ? Find<QAbstractButton>(form, step.sliced(1), page)->toggle()
+                                      : Find<QAbstractButton>(form, step, page)->click();
             }
-            QCOMPARE(qAbs(enabled), names.size());
-            state += enabled > 0 ? group.first(1) : QString();
+            // A letter and the controls that are enabled together.
+            const QString groups =
+                u"i lblIP/p lblPort txtPort/d chkDefault/u chkUDP/a chkAUX/2 chkAUX2/b chkBinary/e chkEZ/"
+                "s Label1 txtSNr Label2 txtSWert/l Label3 cmbTyp Label4 txtHC1 txtHC2 Label5 txtAdr "
+                "Label6 txtValue Label7 txtArg txtRepeat"_s;
+            QString state;
+            QString checked;
+            for (const QString& group : groups.split(u'/')) {
+                const QStringList names = group.sliced(2).split(u' ');
+                int enabled = 0;
+                for (const QString& name : names) {
+                    enabled += Find<QWidget>(form, name, page)->isEnabled() ? 1 : -1;
+                    const auto* box = form->findChild<QCheckBox*>(ElementName(name, page));
+                    checked += box != nullptr && box->isChecked() ? group.first(1) : QString();
+                }
+                QCOMPARE(qAbs(enabled), names.size());
+                state += enabled > 0 ? group.first(1) : QString();
+            }
+            for (int place = 0; place < 4; ++place)
+                QCOMPARE(Find<TextBox>(form, u"txtIP"_s, page * 4 + place)->isEnabled(),
+                         state.startsWith(u'i'));
+            state += Find<QWidget>(form, u"txtAction"_s, page)->isHidden() ? u""_s : u"t"_s;
+            state += Find<QWidget>(form, u"frmEZ"_s, page)->isHidden() ? u""_s : u"z"_s;
+            const auto* strip = Find<QTabBar>(form, u"tabMode"_s);
+            int tabs = 0;
+            for (int t = 0; t < strip->count(); ++t)
+                tabs += int(strip->isTabVisible(t));
+            const QString cuts =
+                (strip->isHidden() ? u"!"_s : u""_s) +
+                (Find<QRadioButton>(form, u"optRelais"_s, 5)->isEnabled() ? u"r "_s : u" "_s);
+            QCOMPARE(row + u": "_s + QString::number(tabs) + cuts + state + u'/' + checked,
+                     row + u": "_s + expected);
         }
-        for (int place = 0; place < 4; ++place)
-            QCOMPARE(Find<TextBox>(form, u"txtIP"_s, page * 4 + place)->isEnabled(), state.startsWith(u'i'));
-        state += Find<QWidget>(form, u"txtAction"_s, page)->isHidden() ? u""_s : u"t"_s;
-        state += Find<QWidget>(form, u"frmEZ"_s, page)->isHidden() ? u""_s : u"z"_s;
-        const auto* strip = Find<QTabBar>(form, u"tabMode"_s);
-        int tabs = 0;
-        for (int t = 0; t < strip->count(); ++t)
-            tabs += int(strip->isTabVisible(t));
-        const QString cuts = (strip->isHidden() ? u"!"_s : u""_s) +
-                             (Find<QRadioButton>(form, u"optRelais"_s, 5)->isEnabled() ? u"r "_s : u" "_s);
-        QTEST(QString::number(tabs) + cuts + state + u'/' + checked, "expected");
     }
 
     void TypedActionsAreFilteredAndLimited() {
@@ -237,13 +201,10 @@ private slots:
 
     void EscapeAndCancelGiveNothingBack() {
         for (const bool byKey : {true, false}) {
-            const QPointer<frmIRDBAction> form = Action(RandomActionTag());
+            const QPointer<frmIRDBAction> form = Action({});
             connect(form, &frmIRDBAction::TagChanged, this, [] { QFAIL("a cancelled form gave its tag"); });
             form->ShowModal();
-            if (byKey)
-                QTest::keyClick(form, Qt::Key_Escape);
-            else
-                Find<QPushButton>(form, u"cmdCancel"_s)->click();
+            byKey ? QTest::keyClick(form, Qt::Key_Escape) : Find<QPushButton>(form, u"cmdCancel"_s)->click();
             QTRY_VERIFY(form.isNull());
         }
     }

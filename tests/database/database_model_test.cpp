@@ -11,10 +11,8 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString UnusedGroup = u"000000000000"
-                            "00000"
-                            "1000"
-                            "001"_s;
+/// Address, port, flags, length with the letter.
+const QString UnusedGroup = u"000000000000000001000001"_s;
 const QString UnusedTag = u"A0 "_s + UnusedGroup.repeated(8) + u"AAAAAAAA"_s;
 
 /// The same record after a trip over the wire.
@@ -56,10 +54,7 @@ private slots:
     void TagsAsWritten() {
         QCOMPARE(RemoteTag().Format(), DatabaseTree::DefaultRemoteTag);
         const RemoteTag remote{{0x010203F0, 8082, false, true, false, true}, u"%r!"_s};
-        QCOMPARE(remote.Format(), u"001002003240"
-                                  "08082"
-                                  "0101"
-                                  "%r!"_s);
+        QCOMPARE(remote.Format(), u"001002003240080820101%r!"_s);
         QCOMPARE(RemoteTag::Parse(remote.Format()), remote);
         QVERIFY(!RemoteTag::Parse(DatabaseTree::DefaultRemoteTag.chopped(1)));
 
@@ -70,19 +65,8 @@ private slots:
         action.function = u'T';
         action.groups[0] = {{-1, 65535, false, true, true, true}, false, u"A B"_s};
         action.groups[7] = {{1, 1, true, false, false, false}, true, u"0 FF"_s};
-        const QString text = u"A2T"_s +
-                             u"255255255255"
-                             "65535"
-                             "0111"
-                             "004"_s +
-                             UnusedGroup.repeated(6) +
-                             u"000000000001"
-                             "00001"
-                             "1000"
-                             "005"
-                             "AA B"
-                             "AAAAAA"
-                             "B0 FF"_s;
+        const QString text = u"A2T255255255255655350111004"_s + UnusedGroup.repeated(6) +
+                             u"000000000001000011000005AA BAAAAAAB0 FF"_s;
         QCOMPARE(action.Format(), text);
         QCOMPARE(ActionTag::Parse(text), action);
     }
@@ -104,34 +88,24 @@ private slots:
         QCOMPARE(ActionTag::Parse(tooLong.Format())->groups[0].text, QString(ActionTag::TextMax, u'x'));
     }
 
-    void HexTexts_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::newRow("empty") << u""_s << Golden::Hex("00");
-        QTest::newRow("blank first") << u" 1"_s << Golden::Hex("00 01");
-        QTest::newRow("blanks") << u"1  aB   0 "_s << Golden::Hex("01 AB 00");
-        QTest::newRow("above a byte") << u"100 FFFFFFFFFFFFFFFFFFFF 0FF"_s << Golden::Hex("FF FF FF");
-        QTest::newRow("no number") << u"x 1x2 ä"_s << Golden::Hex("00 01 00");
-    }
     void HexTexts() {
-        QFETCH(QString, text);
-        QFETCH(QByteArray, bytes);
-        QCOMPARE(HexToBinary(text), bytes);
-        QCOMPARE(HexToBinary(BinaryToHex(bytes)), bytes);
+        for (const auto& [text, hex] : {std::pair(u""_s, "00"),
+                                        {u" 1"_s, "00 01"},
+                                        {u"1  aB   0 "_s, "01 AB 00"},
+                                        {u"100 FFFFFFFFFFFFFFFFFFFF 0FF"_s, "FF FF FF"},
+                                        {u"x 1x2 ä"_s, "00 01 00"}}) {
+            const QByteArray bytes = Golden::Hex(hex);
+            QCOMPARE(HexToBinary(text), bytes);
+            QCOMPARE(HexToBinary(BinaryToHex(bytes)), bytes);
+        }
         QCOMPARE(BinaryToHex(Golden::Hex("00 AF")), u"00 AF "_s);
     }
 
     void ElementsAsWritten() {
-        auto remote = DatabaseElement::OfRemote(u"amp"_s, u"001002003004"
-                                                          "08082"
-                                                          "0101"
-                                                          " %r! "_s);
+        auto remote = DatabaseElement::OfRemote(u"amp"_s, u"001002003004080820101 %r! "_s);
         remote.number = 1;
         QCOMPARE(Encode(remote), Golden::DatabaseRemote());
-        QCOMPARE(DatabaseElement::RemoteTagOf(Travelled(remote)).Format(), u"001002003004"
-                                                                           "08082"
-                                                                           "0101"
-                                                                           "%r!"_s);
+        QCOMPARE(DatabaseElement::RemoteTagOf(Travelled(remote)).Format(), u"001002003004080820101%r!"_s);
         ActionTag tag;
         tag.relay = 3;
         tag.function = u'I';
@@ -193,13 +167,14 @@ private slots:
     void NumbersBeyondTheirField() {
         DatabaseSettings s;
         s.target = {{u"256"_s, u"x"_s, u""_s, u"-1"_s}, u"65536"_s};
-        s.analog[1].minimum = u"256"_s;
-        s.analog[1].maximum = u"-1"_s;
-        s.analog[1].hysteresis = u"7 K"_s;
-        s.analog[1].min.mask = u"99999999999999999999"_s;
-        s.analog[1].max.mask = u"-2147483649"_s;
-        s.analog[1].min.led = -1;
-        s.analog[1].mode = 9;
+        AnalogSettings& second = s.analog[1];
+        second.minimum = u"256"_s;
+        second.maximum = u"-1"_s;
+        second.hysteresis = u"7 K"_s;
+        second.min.mask = u"99999999999999999999"_s;
+        second.max.mask = u"-2147483649"_s;
+        second.min.led = -1;
+        second.mode = 9;
         s.analog[2].sendsToHost = true;
         s.analog[3].min.remote = u"without a command"_s;
         s.analog[3].max.command = u"without a remote"_s;
@@ -217,25 +192,23 @@ private slots:
 
         s.Limit();
         QCOMPARE(s.target, (AddressTexts{{u"256"_s, u"x"_s, u""_s, u"-1"_s}, u"65535"_s}));
-        QCOMPARE(s.analog[1].minimum, u"255"_s);
-        QCOMPARE(s.analog[1].maximum, u"0"_s);
-        QCOMPARE(s.analog[1].hysteresis, u"7 K"_s);
-        QCOMPARE(s.analog[1].min.mask, u"2147483647"_s);
-        QCOMPARE(s.analog[1].max.mask, u"-2147483648"_s);
+        QCOMPARE((QStringList{second.minimum, second.maximum, second.hysteresis, second.min.mask,
+                              second.max.mask}),
+                 (QStringList{u"255"_s, u"0"_s, u"7 K"_s, u"2147483647"_s, u"-2147483648"_s}));
         QCOMPARE(Encode(ToGlobalRecord(s)), Encode(record));
 
         IRDBGlobalRecord foreign;
         foreign.mode = {0x87, 7, 0x86, 0x7F};
         foreign.minimumLed = {12, 255, 11, 0};
         DatabaseSettings taken;
-        taken.target = {{u"1"_s, u"2"_s, u"3"_s, u"4"_s}, u"5"_s};
+        const AddressTexts before{{u"1"_s, u"2"_s, u"3"_s, u"4"_s}, u"5"_s};
+        taken.target = before;
         TakeGlobalRecord(foreign, taken);
-        QCOMPARE(taken.analog[0].mode, 0);
-        QCOMPARE(taken.analog[2].mode, 6);
-        QCOMPARE(taken.analog[3].mode, 0);
-        QCOMPARE(taken.analog[1].min.led, 0);
-        QCOMPARE(taken.analog[2].min.led, 11);
-        QCOMPARE(taken.target, (AddressTexts{{u"1"_s, u"2"_s, u"3"_s, u"4"_s}, u"5"_s}));
+        for (const auto& [input, mode, led] : {std::tuple(0, 0, 0), {1, 0, 0}, {2, 6, 11}, {3, 0, 0}}) {
+            QCOMPARE(taken.analog[size_t(input)].mode, mode);
+            QCOMPARE(taken.analog[size_t(input)].min.led, led);
+        }
+        QCOMPARE(taken.target, before);
     }
 };
 

@@ -26,35 +26,35 @@ class DatabaseRulesTest : public QObject {
 
 private slots:
     /// Enabled: (a)ux (r)elay r(e)ceive (l)an (b)inary l(i)ne (t)arget; behind a dash, what is unchecked.
-    void Devices_data() {
-        QTest::addColumn<bool>("binary");
-        QTest::addColumn<QString>("controls");
-        QTest::newRow("E5.05.07") << true << u"-"_s;
-        QTest::newRow("E5.05.08") << true << u"a-"_s;
-        QTest::newRow("E5.08.09") << true << u"a-"_s;
-        QTest::newRow("E5.08.10") << true << u"ar-"_s;
-        QTest::newRow("E5.08.25") << true << u"arelt-bi"_s;
-        QTest::newRow("G6.05.10") << true << u"arelt-bi"_s;
-        QTest::newRow("S5.05.08") << true << u"-"_s;
-        QTest::newRow("S5.08.25") << true << u"eb-i"_s;
-        QTest::newRow("S6.03.09") << true << u"eb-i"_s;
-        QTest::newRow("S6.03.10") << true << u"ebi-"_s;
-        QTest::newRow("S6.03.11") << false << u"eb-i"_s;
-        QTest::newRow("E10.00.0") << true << u"-"_s; // firmware is text
-        QTest::newRow("E") << true << u"-"_s;
-    }
     void Devices() {
-        QFETCH(bool, binary);
-        const auto c = DatabaseDevice::ControlsOf(QString::fromLatin1(QTest::currentDataTag()), binary);
-        QTEST(Letters({{'a', c.aux},
-                       {'r', c.relay},
-                       {'e', c.receive},
-                       {'l', c.lan},
-                       {'b', c.binary},
-                       {'i', c.line},
-                       {'t', c.target}}) +
-                  u'-' + Letters({{'b', c.uncheckBinary}, {'i', c.uncheckLine}}),
-              "controls");
+        const std::tuple<QString, QString, bool> rows[] = {
+            {u"E5.05.07"_s, u"-"_s, true},
+            {u"E5.05.08"_s, u"a-"_s, true},
+            {u"E5.08.09"_s, u"a-"_s, true},
+            {u"E5.08.10"_s, u"ar-"_s, true},
+            {u"E5.08.25"_s, u"arelt-bi"_s, true},
+            {u"G6.05.10"_s, u"arelt-bi"_s, true},
+            {u"S5.05.08"_s, u"-"_s, true},
+            {u"S5.08.25"_s, u"eb-i"_s, true},
+            {u"S6.03.09"_s, u"eb-i"_s, true},
+            {u"S6.03.10"_s, u"ebi-"_s, true},
+            {u"S6.03.11"_s, u"eb-i"_s, false},
+            {u"E10.00.0"_s, u"-"_s, true}, // firmware is text
+            {u"E"_s, u"-"_s, true},
+        };
+        for (const auto& [version, controls, binary] : rows) {
+            const auto c = DatabaseDevice::ControlsOf(version, binary);
+            QCOMPARE(version + u' ' +
+                         Letters({{'a', c.aux},
+                                  {'r', c.relay},
+                                  {'e', c.receive},
+                                  {'l', c.lan},
+                                  {'b', c.binary},
+                                  {'i', c.line},
+                                  {'t', c.target}}) +
+                         u'-' + Letters({{'b', c.uncheckBinary}, {'i', c.uncheckLine}}),
+                     version + u' ' + controls);
+        }
     }
 
     void DeviceNames() {
@@ -124,9 +124,7 @@ private slots:
         QVERIFY(DatabaseTree::MarkedNodes(tree).empty());
     }
 
-    void EzMessages_data() {
-        QTest::addColumn<EzFields>("fields");
-        QTest::addColumn<QString>("text");
+    void EzMessages() {
         const auto shortForm = [](const QString& number, const QString& value) {
             return EzFields{false, number, value, -1, {}, {}, {}, {}, {}, {}};
         };
@@ -137,29 +135,23 @@ private slots:
         beyond.argument = u"x"_s;
         EzFields untyped = longForm;
         untyped.type = -1;
-        QTest::newRow("first switch") << shortForm(u"1"_s, u"1"_s) << u"02 AB 01 AB 00 00 01 00"_s;
-        QTest::newRow("no number") << shortForm(u""_s, u"x"_s) << u"01 AB 01 AB 00 00 00 00"_s;
-        QTest::newRow("carry") << shortForm(u"1"_s, u"65535"_s) << u"01 AB 01 AB 00 00 FF FF"_s;
-        QTest::newRow("limits") << shortForm(u"99999"_s, u"-1"_s) << u"01 AB 01 AB FF FF 00 00"_s;
+        QVERIFY(!PackEZCode(untyped));
         const QString message = u"0A AC 02 AB 02 00 01 00 02 00 03 00 FF 00 00 00 01 00"_s;
-        QTest::newRow("long") << longForm << message;
-        QTest::newRow("long beyond") << beyond << message;
-        QTest::newRow("no type") << untyped << QString();
-    }
-    void EzMessages() {
-        QFETCH(EzFields, fields);
-        QFETCH(QString, text);
-        QCOMPARE(PackEZCode(fields).value_or(QString()), text);
-        if (text.isEmpty())
-            return;
-        // Whatever the limits made of the fields, the message keeps its meaning, also with a blank at its
-        // end.
-        const auto unpacked = UnpackEZCode(text);
-        QVERIFY(unpacked);
-        QCOMPARE(PackEZCode(*unpacked), text);
-        QCOMPARE(UnpackEZCode(text + u' '), unpacked);
-        QVERIFY(!UnpackEZCode(text + u"  "_s));
-        QVERIFY(!UnpackEZCode(text.chopped(1)));
+        for (const auto& [fields, text] : {std::pair(shortForm(u"1"_s, u"1"_s), u"02 AB 01 AB 00 00 01 00"_s),
+                                           {shortForm(u""_s, u"x"_s), u"01 AB 01 AB 00 00 00 00"_s},
+                                           {shortForm(u"1"_s, u"65535"_s), u"01 AB 01 AB 00 00 FF FF"_s},
+                                           {shortForm(u"99999"_s, u"-1"_s), u"01 AB 01 AB FF FF 00 00"_s},
+                                           {longForm, message},
+                                           {beyond, message}}) {
+            QCOMPARE(PackEZCode(fields), text);
+            // Whatever the limits made of the fields, the message keeps its meaning, also with a blank at its
+            // end.
+            const auto unpacked = UnpackEZCode(text);
+            QVERIFY(unpacked);
+            QCOMPARE(PackEZCode(*unpacked), text);
+            QCOMPARE(UnpackEZCode(text + u' '), unpacked);
+            QVERIFY(!UnpackEZCode(text + u"  "_s) && !UnpackEZCode(text.chopped(1)));
+        }
     }
 
     void EzWords() {
@@ -182,12 +174,12 @@ private slots:
         values.function = 5;
         values.relay = 3;
         QCOMPARE(ActionDialog::ActionResult(values).first(3), u"A3U"_s);
-        values = {};
-        values.pages[7].isDefault = false;
-        QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
-        values = {};
-        values.pages[7].text = u"x"_s;
-        QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
+        for (const bool isDefault : {false, true}) {
+            values = {};
+            values.pages[7].isDefault = isDefault;
+            values.pages[7].text = isDefault ? u"x"_s : u""_s;
+            QCOMPARE(ActionDialog::ActionResult(values).front(), u'A');
+        }
     }
 };
 

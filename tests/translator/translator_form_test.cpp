@@ -1,6 +1,7 @@
 #include "translator/frmTranslator.h"
 
 #include "app/program_rig.h"
+#include "practice/practice_server.h"
 #include "translator/translator_icons_view.h"
 
 #include <QContextMenuEvent>
@@ -18,6 +19,13 @@ TranslatorDevices Devices(const QStringList& versions) {
         devices.rows.push_back({u"0.%1 - %2"_s.arg(devices.rows.size()).arg(version), 0});
     devices.first = {versions[0].left(1), versions[0].mid(1), 0, 0};
     return devices;
+}
+
+QStringList EntriesOf(const QComboBox& box) {
+    QStringList texts;
+    for (int i = 0; i < box.count(); ++i)
+        texts += box.itemText(i);
+    return texts;
 }
 
 /// The editor without a server: lists come when the test says so.
@@ -49,17 +57,15 @@ struct EditorRig {
         session.CommandList2 = {u"vol+ "_s, u"vol-"_s};
         emit session.CommandsReady(ListTarget::TranslatorTargets);
     }
-    QString Offered() const {
-        const auto* box = Find<ComboBox>("cmbCommands");
-        QStringList texts;
-        for (int i = 0; i < box->count(); ++i)
-            texts += box->itemText(i);
-        return texts.join(u' ');
-    }
+    QString Offered() const { return EntriesOf(*Find<ComboBox>("cmbCommands")).join(u' '); }
     /// Selects a node and adds the command that is chosen there.
     void Add(const QString& key, const char* button) {
         view->Select(key);
         Press(button);
+    }
+    void Delete(const QString& key) {
+        view->Select(key);
+        QTest::keyClick(view, Qt::Key_Delete);
     }
     /// The children of a node.
     QStringList Keys(const QString& key) const {
@@ -95,6 +101,47 @@ struct EditorRig {
     CommandListView* list;
 };
 
+/// The program at the practice server, with the editor up by its menu entry.
+struct PracticeRig : ProgramRig {
+    PracticeRig()
+        : ProgramRig({}) {
+        practice.Listen();
+        options.port = practice.Port();
+        Start();
+        Expect([this] { return Link().IsUp(); });
+        Action("mnuModus(13)")->trigger();
+        Expect([this] { return Find<frmTranslator>("frmTranslator") && Sets()->count() > 0; });
+        Find<frmTranslator>("frmTranslator")->activateWindow();
+    }
+
+    static void Expect(const std::function<bool()>& condition) { QVERIFY(QTest::qWaitFor(condition)); }
+    EditableComboBox* Sets() const { return Find<EditableComboBox>("txtName"); }
+    KeyedTree& Tree() const { return *static_cast<KeyedTree*>(Find<KeyedTreeView>("tvwConfig")->model()); }
+    QProgressBar* Progress() const { return Find<QProgressBar>("pgbTransfer"); }
+    bool IsRunning() const { return Progress()->isVisible(); }
+    /// Presses a button with that name in the box.
+    void Start(const char* button, const QString& name) const {
+        Sets()->setEditText(name);
+        Button(button)->click();
+    }
+    /// And waits for the end, whose words are given back.
+    QString Do(const char* button, const QString& name) const {
+        Start(button, name);
+        Expect([this] { return !IsRunning(); });
+        return Text("lblState");
+    }
+    /// The text of the box that comes; it is closed by one of its buttons.
+    QString Answered(QMessageBox::StandardButton button) const {
+        Expect([this] { return CurrentBox() != nullptr; });
+        QString text = CurrentBox()->text();
+        QTest::mouseClick(CurrentBox()->button(button), Qt::LeftButton);
+        return text;
+    }
+
+    using ProgramRig::Start;
+    PracticeServer practice;
+};
+
 } // namespace
 
 class TranslatorFormTest : public QObject {
@@ -103,33 +150,18 @@ class TranslatorFormTest : public QObject {
 private slots:
     void init() { FailOnAnyWarning(); }
 
-    void WhatTheDeviceCan_data() {
-        QTest::addColumn<QStringList>("versions");
-        QTest::addColumn<QString>("can");
-        QTest::newRow("names") << QStringList{u"G5.04.05"_s} << u"list names shift"_s;
-        QTest::newRow("names too old") << QStringList{u"E5.04.04"_s} << u"list shift"_s;
-        QTest::newRow("names of no kind") << QStringList{u"X6.00.00"_s} << u"list shift"_s;
-        QTest::newRow("second device") << QStringList{u"E5.04.05"_s, u"X4.04.26"_s} << u"list names"_s;
-        QTest::newRow("shift keys just") << QStringList{u"X4.04.27  "_s} << u"list shift"_s;
-        QTest::newRow("Y") << QStringList{u"Y5.04.05"_s} << u"shift"_s;
-    }
-
-    /// The last device is chosen; the first one decides about names.
+    /// The first device decides about names, the chosen one about shift keys.
     void WhatTheDeviceCan() {
-        QFETCH(QStringList, versions);
-        EditorRig rig(versions);
-        rig.Find<ComboBox>("cmbDevice")->setCurrentIndex(int(versions.size()) - 1);
-        QVERIFY(!rig.IsEnabled("cmdAddSource") && !rig.IsEnabled("cmdAddMultikey"));
+        EditorRig rig({u"E5.04.05"_s, u"X4.04.26"_s});
         rig.Offer({u"1"_s});
-        QVERIFY(rig.IsEnabled("cmdAddGroup"));
-        QStringList can;
-        if (rig.Find<QWidget>("cmbDevice")->isVisible() && rig.Find<QWidget>("Label2")->isVisible())
-            can += u"list"_s;
-        if (rig.IsEnabled("chkNames"))
-            can += u"names"_s;
-        if (rig.IsEnabled("cmdAddMultikey"))
-            can += u"shift"_s;
-        QTEST(can.join(u' '), "can");
+        QVERIFY(rig.IsEnabled("chkNames") && rig.IsEnabled("cmdAddGroup") && rig.IsEnabled("cmdAddMultikey"));
+        rig.Find<ComboBox>("cmbDevice")->setCurrentIndex(1);
+        QVERIFY(rig.IsEnabled("chkNames") && rig.IsEnabled("cmdAddGroup") &&
+                !rig.IsEnabled("cmdAddMultikey"));
+        const EditorRig other({u"Y5.04.05"_s});
+        QVERIFY(!other.IsEnabled("chkNames"));
+        for (const char* name : {"cmbDevice", "Label2"})
+            QVERIFY(rig.Find<QWidget>(name)->isVisible() && !other.Find<QWidget>(name)->isVisible());
     }
 
     void EveryKindOfNodeHasAPicture() {
@@ -158,8 +190,8 @@ private slots:
         EditorRig rig;
         QCOMPARE(rig.session.ListOwner, ListTarget::TranslatorLoad);
         rig.view->Select(u"CON"_s);
-        QVERIFY(rig.Offered().isEmpty());
-        rig.Offer({u"1 "_s, u"2"_s, u"3"_s, u"menu"_s});
+        QVERIFY(rig.Offered().isEmpty() && !rig.IsEnabled("cmdAddSource"));
+        rig.Offer({u"1 "_s, u"2"_s, u"3"_s});
         QCOMPARE(rig.session.ListOwner, ListTarget::TranslatorRemotes);
         auto* name = rig.Find<TextBox>("txtAdd");
         QTest::keyClicks(name, u" tv"_s);
@@ -167,34 +199,26 @@ private slots:
         QVERIFY(name->text().isEmpty());
         name->setText(u"TV"_s);
         QVERIFY(!rig.IsEnabled("cmdAddRem"));
-        name->setText(u"TV2"_s);
-        QVERIFY(rig.IsEnabled("cmdAddRem"));
 
         rig.Add(u"CON"_s, "cmdAddGroup"); // refused
         rig.Add(u"CON"_s, "cmdAddSource");
-        QCOMPARE(rig.Offered(), u"2 3 menu"_s);
+        QCOMPARE(rig.Offered(), u"2 3"_s);
         rig.Add(u"RCVCON\\tv@1"_s, "cmdAddMacro"); // beside it
         QCOMPARE(rig.Keys(u"CON"_s), (QStringList{u"REMtv"_s, u"RCVCON\\tv@1"_s, u"MACCON\\tv@2"_s}));
         rig.Add(u"REMtv"_s, "cmdAddGroup");
-        const QString group = u"GRPREMtv\\tv@3"_s;
-        QCOMPARE(rig.Keys(u"REMtv"_s), QStringList{group});
         // A group asks for its own commands alone.
+        const QString group = u"GRPREMtv\\tv@3"_s;
         rig.view->Select(group);
-        QCOMPARE(rig.Offered(), u"1 2 3 menu"_s);
-        for (int i = 0; i < 4; ++i)
+        for (int i = 0; i < 3; ++i)
             rig.Press("cmdAddSource");
         QVERIFY(rig.Offered().isEmpty() && !rig.IsEnabled("cmdAddSource"));
         QVERIFY(rig.view->isExpanded(rig.tree->IndexOf(group)));
         QCOMPARE(rig.Keys(group).constFirst(), u"RCV"_s + group + u"\\tv@1"_s);
 
         // What goes is free again.
-        rig.view->Select(rig.Keys(group).constLast());
-        QTest::keyClick(rig.view, Qt::Key_Delete);
-        QCOMPARE(rig.Offered(), u"menu"_s);
-        rig.view->Select(u"REMtv"_s);
-        QTest::keyClick(rig.view, Qt::Key_Delete);
-        QVERIFY(rig.tree->Find(group) == nullptr);
-        name->setText(u"tv"_s);
+        rig.Delete(rig.Keys(group).constLast());
+        QCOMPARE(rig.Offered(), u"3"_s);
+        rig.Delete(u"REMtv"_s);
         QVERIFY(rig.IsEnabled("cmdAddRem"));
     }
 
@@ -218,22 +242,16 @@ private slots:
     void Drops() {
         EditorRig rig;
         rig.OfferTargets();
-        rig.Offer({u"1"_s, u"2"_s});
-        rig.Press("cmdAddSource");
+        rig.Offer({u"1"_s});
         rig.Press("cmdAddMacro");
-        const QString command = u"RCVCON\\tv@1"_s;
-        const QString macro = u"MACCON\\tv@2"_s;
+        const QString macro = u"MACCON\\tv@1"_s;
         QVERIFY(!rig.Drag(0, u"CON"_s));
-        QVERIFY(rig.Drag(0, command) && rig.Drag(1, command));
-        QVERIFY(!rig.Drag(0, u"SND"_s + command));
-        QCOMPARE(rig.tree->Find(u"SND"_s + command)->Tag(), u"amp\\vol-\\6\\65535"_s);
-        // Of the same name again after a step was deleted.
         QVERIFY(rig.Drag(0, macro) && rig.Drag(0, macro));
-        rig.view->Select(u"SND0"_s + macro);
-        QTest::keyClick(rig.view, Qt::Key_Delete);
+        // Of the same name again after a step was deleted.
+        rig.Delete(u"SND0"_s + macro);
         QVERIFY(rig.Drag(1, macro));
         QCOMPARE(rig.Keys(macro), (QStringList{u"SND1"_s + macro, u"SND2"_s + macro}));
-
+        QCOMPARE(rig.tree->Find(u"SND2"_s + macro)->Tag(), u"amp\\vol-\\6\\65535\\100"_s);
         QMimeData other;
         other.setText(u"amp"_s);
         QVERIFY(!rig.Drag(other, macro));
@@ -247,20 +265,6 @@ private slots:
         rig.OfferTargets();
         QCOMPARE(rig.session.ListOwner, ListTarget::TranslatorTargets);
         rig.Offer({u"1"_s});
-        QStringList order;
-        for (QWidget* next = rig.Find<QWidget>("txtName"); !order.contains(next->objectName());) {
-            order += next->objectName();
-            do
-                next = next->nextInFocusChain();
-            while ((next->focusPolicy() & Qt::TabFocus) == 0 || next->objectName().isEmpty() ||
-                   next->objectName().startsWith(u"qt_"));
-        }
-        QCOMPARE(
-            order.join(u' '),
-            u"txtName cmbDevice chkNames cmbRemotes cmbCommands cmdAddSource cmdAddMacro cmdAddGroup "
-            "cmdAddMultikey txtAdd cmdAddRem tvwConfig cmbTarget lvwCommands cmdAddTarget cmdSave cmdFlash "
-            "cmdLoad cmbExit"_s);
-
         rig.Press("cmdAddMacro");
         QVERIFY(!rig.IsEnabled("cmdAddTarget"));
         rig.view->Select(u"MACCON\\tv@1"_s);
@@ -278,71 +282,123 @@ private slots:
         QTRY_VERIFY(rig.form.isNull());
     }
 
-    void Menus_data() {
-        QTest::addColumn<QString>("key");
-        QTest::addColumn<QString>("menu");
-        QTest::addColumn<QString>("items");
-        QTest::addColumn<QString>("properties");
-        const QString both = u"%1(10)Eigenschaften %1(20)Löschen"_s;
-        const QString forms = u"frmTrans%1Properties"_s;
-        QTest::newRow("root") << u"CON"_s << u"fnuPopupTree(40)"_s << u"mnuConItem(10)Eigenschaften"_s
-                              << forms.arg(u"Rem");
-        QTest::newRow("remote") << u"REMa"_s << u"fnuPopupTree(30)"_s << both.arg(u"mnuRemItem")
-                                << forms.arg(u"Rem");
-        QTest::newRow("group") << u"GRPREMa\\tv@1"_s << u"fnuPopupTree(50)"_s << u"mnuGroupItem(10)Löschen"_s
-                               << QString();
-        QTest::newRow("macro") << u"MACREMa\\tv@2"_s << u"fnuPopupTree(10)"_s << both.arg(u"mnuRCVItem")
-                               << forms.arg(u"Rcv");
-        QTest::newRow("step") << u"SND0MACREMa\\tv@2"_s << u"fnuPopupTree(20)"_s << both.arg(u"mnuSNDItem")
-                              << forms.arg(u"Snd");
-    }
-
     /// By the menu key, with the default item, and by Enter.
     void Menus() {
-        QFETCH(QString, key);
-        QFETCH(QString, menu);
-        QFETCH(QString, items);
-        QFETCH(QString, properties);
         EditorRig rig;
         rig.OfferTargets();
         rig.Offer({u"1"_s, u"2"_s});
         rig.Find<TextBox>("txtAdd")->setText(u"a"_s);
         rig.Press("cmdAddRem");
         rig.Add(u"REMa"_s, "cmdAddGroup");
-        rig.Find<ComboBox>("cmbCommands")->setCurrentIndex(0);
-        rig.Offer({u"2"_s});
+        rig.Find<ComboBox>("cmbCommands")->setCurrentIndex(1);
         rig.Press("cmdAddMacro");
-        rig.view->AddStep(u"MACREMa\\tv@2"_s, {u"amp"_s, u"vol+"_s});
-        rig.view->Select(key);
-        QCOMPARE(rig.view->SelectedKey(), key);
+        const QString macro = u"MACREMa\\tv@2"_s;
+        rig.view->AddStep(macro, {u"amp"_s, u"vol+"_s});
+        const QString both = u"%1(10)Eigenschaften %1(20)Löschen"_s;
+        const std::array<QString, 4> rows[] = {
+            {u"CON"_s, u"40"_s, u"mnuConItem(10)Eigenschaften"_s, u"Rem"_s},
+            {u"REMa"_s, u"30"_s, both.arg(u"mnuRemItem"), u"Rem"_s},
+            {macro, u"10"_s, both.arg(u"mnuRCVItem"), u"Rcv"_s},
+            {u"SND0"_s + macro, u"20"_s, both.arg(u"mnuSNDItem"), u"Snd"_s},
+            {u"GRPREMa\\tv@1"_s, u"50"_s, u"mnuGroupItem(10)Löschen"_s, {}},
+        };
+        for (const auto& [key, menu, items, properties] : rows) {
+            rig.view->Select(key);
+            QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
+            QApplication::sendEvent(rig.view, &menuKey);
+            auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+            QVERIFY(popup != nullptr);
+            QCOMPARE(popup->objectName(), u"fnuPopupTree(%1)"_s.arg(menu));
+            QStringList texts;
+            for (const QAction* action : popup->actions())
+                texts += action->objectName() + action->text();
+            QCOMPARE(texts.join(u' '), items);
+            QCOMPARE(popup->defaultAction(), popup->actions().constFirst());
+            const QString before = rig.tree->Find(key)->Tag();
+            QTest::keyClick(popup, Qt::Key_Down);
+            QTest::keyClick(popup, Qt::Key_Return);
+            for (int round = 0; round < 2 && !properties.isEmpty(); ++round) {
+                QPointer<Form> form = rig.form->findChild<Form*>(u"frmTrans%1Properties"_s.arg(properties));
+                QVERIFY(form != nullptr);
+                form->findChild<QPushButton*>(u"cmdOK"_s)->click();
+                QTRY_VERIFY(form.isNull());
+                rig.form->activateWindow();
+                if (round == 0)
+                    QTest::keyClick(rig.view, Qt::Key_Return);
+            }
+            // All fields that the tag lacked have come into it, and nothing else has changed.
+            const KeyedNode* node = rig.tree->Find(key);
+            QVERIFY(properties.isEmpty() ? node == nullptr : node->Tag().startsWith(before));
+        }
+    }
 
-        QContextMenuEvent menuKey(QContextMenuEvent::Keyboard, QPoint(), QPoint());
-        QApplication::sendEvent(rig.view, &menuKey);
-        auto* popup = qobject_cast<QMenu*>(QApplication::activePopupWidget());
-        QVERIFY(popup != nullptr);
-        QCOMPARE(popup->objectName(), menu);
-        QStringList texts;
-        for (const QAction* action : popup->actions())
-            texts += action->objectName() + action->text();
-        QCOMPARE(texts.join(u' '), items);
-        QCOMPARE(popup->defaultAction(), popup->actions().constFirst());
-        QTest::keyClick(popup, Qt::Key_Down);
-        QTest::keyClick(popup, Qt::Key_Return);
-        if (properties.isEmpty()) {
-            QVERIFY(rig.tree->Find(key) == nullptr);
-            return;
+    void SetsComeBackAsTheyWere() {
+        PracticeRig rig;
+        const SetShelf& shelf = rig.practice.GetWorld().translatorSets;
+        QVERIFY(!rig.Find<QWidget>("frmTranslatorWait"));
+        QCOMPARE(rig.Find<ComboBox>("cmbDevice")->currentText(), u"0.15 - X6.04.44  "_s);
+        QVERIFY(EntriesOf(*rig.Find<ComboBox>("cmbRemotes")).contains(u"tv"_s));
+        QCOMPARE(EntriesOf(*rig.Find<ComboBox>("cmbTarget")), EntriesOf(*rig.Find<ComboBox>("cmbRemotes")));
+        auto* names = rig.Find<QCheckBox>("chkNames");
+        const QString loaded = u"Der Satz ist geladen."_s;
+        const QString stored = u"Der Satz ist gespeichert."_s;
+        QCOMPARE(rig.Do("cmdLoad", u"Wohnzimmer"_s), loaded);
+        const bool hasNames = names->isChecked();
+        QCOMPARE(rig.Do("cmdSave", u"Copy"_s), stored);
+        QCOMPARE(shelf.Find(u"Copy"_s)->elements, shelf.Find(u"Wohnzimmer"_s)->elements);
+        QVERIFY(EntriesOf(*rig.Sets()).contains(u"Copy"_s));
+        names->setChecked(!hasNames);
+        QCOMPARE(rig.Do("cmdSave", u"Other"_s), stored);
+        QCOMPARE(rig.Do("cmdLoad", u"Copy"_s), loaded);
+        QCOMPARE(names->isChecked(), hasNames);
+        QCOMPARE(rig.Do("cmdLoad", u"Other"_s), loaded);
+        QCOMPARE(names->isChecked(), !hasNames);
+        QCOMPARE(rig.practice.MalformedRecords(), 0);
+    }
+
+    void ProgressCountsTheElements() {
+        PracticeRig rig;
+        rig.practice.GetFaults().delay = 5;
+        rig.Do("cmdLoad", u"Wohnzimmer"_s);
+        const int total = rig.Tree().Count();
+        rig.Start("cmdSave", u"new"_s);
+        QCOMPARE(rig.Progress()->maximum(), total);
+        QVERIFY(QTest::qWaitFor([&] { return rig.Progress()->value() == 3; }));
+        QCOMPARE(rig.Progress()->text(), u"Element 3 von %1"_s.arg(total));
+        QVERIFY(rig.IsRunning());
+        rig.practice.GetFaults().delay = 0;
+        // The name typed meanwhile still isn't replaced unasked.
+        rig.Sets()->setEditText(u"Demo"_s);
+        QVERIFY(QTest::qWaitFor([&] { return !rig.IsRunning(); }));
+        const auto& demo = rig.practice.GetWorld().translatorSets.Find(u"Demo"_s)->elements;
+        for (const auto button : {QMessageBox::Cancel, QMessageBox::Ok}) {
+            QVERIFY(demo.size() != total);
+            rig.Button("cmdSave")->click();
+            rig.Answered(button);
         }
-        const QString before = rig.tree->Find(key)->Tag();
-        for (int round = 0; round < 2; ++round) {
-            QPointer<Form> form = rig.form->findChild<Form*>(properties);
-            QVERIFY(form != nullptr);
-            form->findChild<QPushButton*>(u"cmdOK"_s)->click();
-            QTRY_VERIFY(form.isNull());
-            rig.form->activateWindow();
-            QTest::keyClick(rig.view, Qt::Key_Return);
+        QVERIFY(QTest::qWaitFor([&] { return !rig.Text("lblState").isEmpty(); }));
+        QCOMPARE(demo.size(), total);
+    }
+
+    void FlashesAndRefuses() {
+        PracticeRig rig;
+        rig.Button("cmdFlash")->click();
+        QCOMPARE(rig.Answered(QMessageBox::Ok), u"Translator Flash OK"_s);
+        QVERIFY(!rig.IsRunning());
+        // Without a name, or beyond a limit, nothing goes out.
+        const int before = rig.practice.Records();
+        for (const char* button : {"cmdSave", "cmdLoad"})
+            rig.Start(button, u"  "_s);
+        QVERIFY(!rig.IsRunning());
+        for (int i = 0; rig.Tree().Count() <= TranslatorLimits::Elements; ++i)
+            AddNode(rig.Tree(), MakeReceived(TranslatorKind::Macro, u"CON"_s, {u"tv"_s, QString::number(i)}));
+        for (const char* button : {"cmdSave", "cmdFlash"}) {
+            rig.Start(button, u"new"_s);
+            QVERIFY(!rig.IsRunning());
+            QCOMPARE(rig.Answered(QMessageBox::Ok),
+                     u"Der Satz hat 1002 Elemente. Höchstens 1001 sind möglich."_s);
         }
-        // All fields that the tag lacked have come into it, and nothing else has changed.
-        QVERIFY(rig.tree->Find(key)->Tag().startsWith(before));
+        QCOMPARE(rig.practice.Records(), before);
     }
 };
 

@@ -1,35 +1,33 @@
 #include "base/tag_fields.h"
+#include "translator/translator_editing_rules.h"
 #include "translator/translator_elements.h"
 
-#include "support/golden.h"
 #include "support/suite.h"
-#include "translator/random_tree.h"
+
+#include <QRandomGenerator>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-using Reason = TranslatorRefusal::Reason;
-
-QStringList Lines(const KeyedNode& node, int depth = 0) {
+/// A line for each node, in the order of the tree.
+QStringList Lines(const KeyedNode& node) {
     QStringList lines;
     for (int row = 0; row < node.Children(); ++row) {
         const KeyedNode& child = node.Child(row);
-        lines += QString(depth, u' ') +
-                 QStringList{child.Key(), child.Text(), child.Image(), child.Tag()}.join(u" | ");
-        lines += Lines(child, depth + 1);
+        lines += QStringList{child.Key(), child.Text(), child.Image(), child.Tag()}.join(u" | ");
+        lines += Lines(child);
     }
     return lines;
 }
 
-std::vector<TranslatorRequest> Elements(const KeyedTree& tree, bool includeNames = false) {
-    auto flat = FlattenTree(tree, includeNames);
-    const auto* elements = std::get_if<std::vector<TranslatorRequest>>(&flat);
-    return elements ? *elements : std::vector<TranslatorRequest>();
+std::vector<TranslatorRequest> Elements(const KeyedTree& tree) {
+    return std::get<std::vector<TranslatorRequest>>(FlattenTree(tree, true));
 }
 
 /// What is wrong with a tree or set: reason, count, element, name; or "fine".
-QString Fault(const TranslatorRefusal* refusal) {
+template <class Result> QString Fault(const Result& result) {
+    const auto* refusal = std::get_if<TranslatorRefusal>(&result);
     return refusal ? u"%1 %2/%3 %4 %5"_s.arg(refusal->reason)
                          .arg(refusal->count)
                          .arg(refusal->limit)
@@ -49,15 +47,83 @@ TranslatorRequest Element(int type, const QString& name, int remote = 0, int gro
     return element;
 }
 
-/// The bytes of an element. Numbers as they stand on the wire, from `ElementFlags` to `GroupIndex` and from
+/// What of an element goes out: its bytes from `ElementFlags` to `GroupIndex`, the names, and its bytes from
 /// the masks on.
-QByteArray Bytes(const char* index, const char* head, const char* remote, const char* command,
-                 const char* masks, const char* tail) {
-    using namespace Golden;
-    return Join({Hex("14"), Fill(7, 0), Hex("D2 00 00 00"), Hex(index), Hex(head),
-                 (Ascii(remote) + '\0').leftJustified(80, ' '),
-                 (Ascii(command) + '\0').leftJustified(20, ' '), Hex(masks), Hex(tail)});
+QString Written(const TranslatorRequest& element) {
+    const QByteArray bytes = Encode(element);
+    const auto hex = [&](int from, int count) {
+        return QString::fromLatin1(bytes.sliced(from, count).toHex(' '));
+    };
+    const auto name = [&](int from, int count) {
+        return QString::fromLatin1(bytes.sliced(from, count).constData());
+    };
+    return QStringList{hex(16, 8), name(24, 80), name(104, 20), hex(124, 8), hex(132, 4)}.join(u" | ");
 }
+
+/// A tree of all kinds at all places, and beside it what comes back of it.
+class RandomTree {
+public:
+    explicit RandomTree(quint32 seed)
+        : random(seed) {
+        Add(MakeRoot({true, Name(), Mask(), Mask(), Below(256)}));
+        for (int i = 0; i < 60; ++i) {
+            const QString at = tree.At(Below(tree.Count())).Key();
+            const auto kind = TranslatorKind(Below(int(TranslatorKind::Send)));
+            if (kind == TranslatorKind::Remote && at == TranslatorRootKey)
+                Add(MakeRemote({false, Name(), Mask(), Mask(), Below(256)}));
+            else if (kind == TranslatorKind::Group && ContainerForNew(tree, at, kind) == at)
+                Add(MakeGroup(at, {Name(), u"Taste"_s, TranslatorType::Group, Mask(), Below(256)}));
+            else if (kind == TranslatorKind::Multi && ContainerForNew(tree, at, kind) == at)
+                Add(MakeGroup(at, {Name(), u"Taste"_s, TranslatorType::Multi, Mask(), Below(256)}));
+            else if (IsReceived(kind) && KindOf(at) < TranslatorKind::Command)
+                AddReceived(at, kind);
+        }
+    }
+
+    KeyedTree tree;
+    KeyedTree expected;
+
+private:
+    int Below(int limit) { return int(random.bounded(limit)); }
+    qint32 Mask() { return qint32(random.generate()); }
+    /// No two are the same.
+    QString Name() { return u"Gerät %1 @.ü€"_s.arg(++names); }
+
+    void Add(const TranslatorNode& node) { Add(node, node); }
+    void Add(const TranslatorNode& node, const TranslatorNode& loaded) {
+        QVERIFY(AddNode(tree, node) && AddNode(expected, loaded));
+    }
+
+    /// The type counts the steps of macros and toggles; a param comes back in units of 16, the tie to the
+    /// even one; steps are numbered and have a pause and a condition.
+    void AddReceived(const QString& at, TranslatorKind kind) {
+        const bool isCommand = kind == TranslatorKind::Command;
+        const int base = isCommand ? 1 : kind == TranslatorKind::Macro ? 100 : 70;
+        const int steps = Below(isCommand ? 3 : 6);
+        CommandTag tag{Name(),     u"on"_s,    base + Below(isCommand ? 2 : 20), Mask(),
+                       Below(256), Below(256), Below(CommandTag::ParamMax + 1)};
+        const auto node = MakeReceived(kind, at, tag);
+        if (!isCommand)
+            tag.type = base + steps;
+        tag.param = 16 * ((tag.param + 7 + tag.param / 16 % 2) / 16);
+        Add(node, MakeReceived(kind, at, tag));
+        for (int step = 0; step < steps; ++step) {
+            SendTag send{Name(), u"off"_s, Mask(), {}, u"IO1%1%2"_s.arg(Below(2)).arg(Below(2))};
+            if (Below(2) == 1)
+                send.condition = Below(2) == 1 ? u"0"_s : QString();
+            if (Below(2) == 1)
+                send.pause = Below(4001);
+            SendTag loaded = send;
+            loaded.pause = send.pause.value_or(0);
+            loaded.condition = send.condition.size() > 1 ? send.condition : u"IO000"_s;
+            Add(MakeSend(QString::number(7 * step + 3), node.key, send),
+                MakeSend(QString::number(step), node.key, loaded));
+        }
+    }
+
+    QRandomGenerator random;
+    int names = 0;
+};
 
 } // namespace
 
@@ -66,11 +132,7 @@ class TranslatorModelTest : public QObject {
 
 private slots:
     void ContainersOfKeys() {
-        const struct {
-            QString key;
-            QString with;
-            QString without;
-        } rows[] = {
+        const std::array<QString, 3> rows[] = {
             {u"CON"_s, u"CON"_s, {}},
             {u"REMtv"_s, u"REMtv"_s, u"REMtv"_s},
             {u"GRPREMtv\\tv@1"_s, u"GRPREMtv\\tv@1"_s, u"REMtv"_s},
@@ -80,12 +142,12 @@ private slots:
             {u"TOGREMtv\\tv@2"_s, u"REMtv"_s, u"REMtv"_s},
             {u"SND12MACCON\\tv@2"_s, u"MACCON\\tv@2"_s, u"MACCON\\tv@2"_s},
             {u"SND@RCVCON\\tv@2"_s, u"RCVCON\\tv@2"_s, u"RCVCON\\tv@2"_s},
+            {},
         };
-        for (const auto& row : rows) {
-            QCOMPARE(ContainerKey(row.key, true), row.with);
-            QCOMPARE(ContainerKey(row.key, false), row.without);
+        for (const auto& [key, with, without] : rows) {
+            QCOMPARE(ContainerKey(key, true), with);
+            QCOMPARE(ContainerKey(key, false), without);
         }
-        QCOMPARE(ContainerKey(u"", true), QString());
     }
 
     void TagsOfNewNodes() {
@@ -110,7 +172,7 @@ private slots:
         int nodes = 0;
         for (quint32 seed = 1; seed <= 150; ++seed) {
             RandomTree random(seed);
-            const auto elements = Elements(random.tree, true);
+            const auto elements = Elements(random.tree);
             QCOMPARE(int(elements.size()), random.tree.Count());
             std::vector<TranslatorRequest> received;
             received.reserve(elements.size());
@@ -119,7 +181,7 @@ private slots:
             KeyedTree tree;
             ResetTranslatorTree(tree);
             const auto built = BuildNodes(received, tree);
-            QCOMPARE(Fault(std::get_if<TranslatorRefusal>(&built)), u"fine"_s);
+            QCOMPARE(Fault(built), u"fine"_s);
             FillTree(tree, std::get<TranslatorNodes>(built));
             QCOMPARE(Lines(tree.Top()), Lines(random.expected.Top()));
             // From now on nothing changes any more.
@@ -132,144 +194,105 @@ private slots:
         QVERIFY2(nodes > 3000, qPrintable(QString::number(nodes)));
     }
 
-    /// One of each kind, each field with a value of its own.
+    /// One of each kind, each field with a value of its own: flags type param repeat pause remote group,
+    /// names, receive and send mask, multi names IO value.
     void BytesOfASet() {
-        KeyedTree tree;
-        AddNode(tree, MakeRoot({true, u"Haus"_s, 0xFFFE, 0x7FFF, 0x3A}));
-        AddNode(tree, MakeRemote({false, u"tv"_s, 0x0102, 0x0304, 0x05}));
-        AddNode(tree, MakeGroup(u"REMtv"_s, {u"tv"_s, u"grün"_s, 0, 0x0506, 0x09}));
+        using enum TranslatorKind;
+        const QString root = TranslatorRootKey;
         const QString group = u"GRPREMtv\\tv@grün"_s;
-        AddNode(tree, MakeReceived(TranslatorKind::Command, group,
-                                   {u"tv"_s, u"rot"_s, 1, 0x0708, 0xB6, 0, 128 + 32}));
-        AddNode(tree, MakeGroup(group, {u"tv"_s, u"fn"_s, 7, 0x090A, 0x0C}));
         const QString multi = u"MULGRPREMtv\\tv@grün\\tv@fn"_s;
-        AddNode(tree,
-                MakeReceived(TranslatorKind::Command, multi, {u"tv"_s, u"laut"_s, 2, 0xFFFF, 0, 51, 750}));
         const QString loud = u"RCV"_s + multi + u"\\tv@laut"_s;
-        AddNode(tree, MakeSend({}, loud, {u"amp"_s, u"+"_s, 0x0B0C, {}, {}}));
-        AddNode(tree, MakeSend(u"@"_s, loud, {u"amp"_s, u"++"_s, 0x0D0E, 0, u"IO110"_s}));
-        AddNode(tree, MakeGroup(TranslatorRootKey, {u"x"_s, u"y"_s, 7, -2, 0}));
-        AddNode(tree, MakeReceived(TranslatorKind::Macro, TranslatorRootKey,
-                                   {u"tv"_s, u"an"_s, 100, 0xFFFF, 0, 0, 112}));
-        AddNode(tree, MakeSend(u"0"_s, u"MACCON\\tv@an"_s, {u"amp"_s, u"on"_s, 0xFFFF, 4000, u"IO101"_s}));
-        AddNode(tree, MakeReceived(TranslatorKind::Toggle, TranslatorRootKey,
-                                   {u"tv"_s, u"um"_s, 70, 0xFFFF, 0, 1, 0}));
-
-        //    index          flags type param repeat pause remote group   names           receive, send mask
-        //    multi names IO value
-        const QByteArray expected[] = {
-            Bytes("00 00 00 00", "3A 04 00 00 00 00 00 00", "Haus", "", "FE FF 00 00 FF 7F 00 00",
-                  "00 00 00 00"),
-            Bytes("01 00 00 00", "05 05 00 00 00 00 01 00", "tv", "", "02 01 00 00 04 03 00 00",
-                  "00 00 00 00"),
-            Bytes("02 00 00 00", "09 00 00 00 00 00 01 01", "tv", "gr\xFCn", "06 05 00 00 00 00 00 00",
-                  "00 00 00 00"),
-            Bytes("03 00 00 00", "B6 01 0A 00 00 00 01 01", "tv", "rot", "08 07 00 00 00 00 00 00",
-                  "00 01 00 00"),
-            Bytes("04 00 00 00", "0C 07 00 00 00 00 01 01", "tv", "fn", "0A 09 00 00 00 00 00 00",
-                  "01 00 00 00"),
-            Bytes("05 00 00 00", "00 03 2F 33 00 00 01 01", "tv", "laut", "FF FF 00 00 00 00 00 00",
-                  "01 01 00 00"),
-            Bytes("06 00 00 00", "00 06 00 00 00 00 01 01", "amp", "+", "00 00 00 00 0C 0B 00 00",
-                  "01 00 00 00"),
-            Bytes("07 00 00 00", "00 06 00 00 00 00 01 01", "amp", "++", "00 00 00 00 0E 0D 00 00",
-                  "01 00 81 00"),
-            Bytes("08 00 00 00", "00 07 00 00 00 00 00 00", "x", "y", "FE FF FF FF 00 00 00 00",
-                  "02 00 00 00"),
-            Bytes("09 00 00 00", "00 65 07 00 00 00 00 00", "tv", "an", "FF FF 00 00 00 00 00 00",
-                  "00 01 00 00"),
-            Bytes("0A 00 00 00", "00 06 00 00 A0 0F 00 00", "amp", "on", "00 00 00 00 FF FF 00 00",
-                  "00 00 80 01"),
-            Bytes("0B 00 00 00", "00 46 00 01 00 00 00 00", "tv", "um", "FF FF 00 00 00 00 00 00",
-                  "00 01 00 00"),
+        const std::pair<TranslatorNode, QString> rows[] = {
+            {MakeRoot({true, u"Haus"_s, 0xFFFE, 0x7FFF, 0x3A}),
+             u"3a 04 00 00 00 00 00 00 | Haus |  | fe ff 00 00 ff 7f 00 00 | 00 00 00 00"_s},
+            {MakeRemote({false, u"tv"_s, 0x0102, 0x0304, 0x05}),
+             u"05 05 00 00 00 00 01 00 | tv |  | 02 01 00 00 04 03 00 00 | 00 00 00 00"_s},
+            {MakeGroup(u"REMtv"_s, {u"tv"_s, u"grün"_s, 0, 0x0506, 0x09}),
+             u"09 00 00 00 00 00 01 01 | tv | grün | 06 05 00 00 00 00 00 00 | 00 00 00 00"_s},
+            {MakeReceived(Command, group, {u"tv"_s, u"rot"_s, 1, 0x0708, 0xB6, 0, 128 + 32}),
+             u"b6 01 0a 00 00 00 01 01 | tv | rot | 08 07 00 00 00 00 00 00 | 00 01 00 00"_s},
+            {MakeGroup(group, {u"tv"_s, u"fn"_s, 7, 0x090A, 0x0C}),
+             u"0c 07 00 00 00 00 01 01 | tv | fn | 0a 09 00 00 00 00 00 00 | 01 00 00 00"_s},
+            {MakeReceived(Command, multi, {u"tv"_s, u"laut"_s, 2, 0xFFFF, 0, 51, 750}),
+             u"00 03 2f 33 00 00 01 01 | tv | laut | ff ff 00 00 00 00 00 00 | 01 01 00 00"_s},
+            {MakeSend({}, loud, {u"amp"_s, u"+"_s, 0x0B0C, {}, {}}),
+             u"00 06 00 00 00 00 01 01 | amp | + | 00 00 00 00 0c 0b 00 00 | 01 00 00 00"_s},
+            {MakeSend(u"@"_s, loud, {u"amp"_s, u"++"_s, 0x0D0E, 0, u"IO110"_s}),
+             u"00 06 00 00 00 00 01 01 | amp | ++ | 00 00 00 00 0e 0d 00 00 | 01 00 81 00"_s},
+            {MakeGroup(root, {u"x"_s, u"y"_s, 7, -2, 0}),
+             u"00 07 00 00 00 00 00 00 | x | y | fe ff ff ff 00 00 00 00 | 02 00 00 00"_s},
+            {MakeReceived(Macro, root, {u"tv"_s, u"an"_s, 100, 0xFFFF, 0, 0, 112}),
+             u"00 65 07 00 00 00 00 00 | tv | an | ff ff 00 00 00 00 00 00 | 00 01 00 00"_s},
+            {MakeSend(u"0"_s, u"MACCON\\tv@an"_s, {u"amp"_s, u"on"_s, 0xFFFF, 4000, u"IO101"_s}),
+             u"00 06 00 00 a0 0f 00 00 | amp | on | 00 00 00 00 ff ff 00 00 | 00 00 80 01"_s},
+            {MakeReceived(Toggle, root, {u"tv"_s, u"um"_s, 70, 0xFFFF, 0, 1, 0}),
+             u"00 46 00 01 00 00 00 00 | tv | um | ff ff 00 00 00 00 00 00 | 00 01 00 00"_s},
+            // The numbers of containers count all of the set; below a group its shift key doesn't count.
+            {MakeRemote({false, u"b"_s, 0, 0, 0}),
+             u"00 05 00 00 00 00 02 00 | b |  | 00 00 00 00 00 00 00 00 | 00 00 00 00"_s},
+            {MakeGroup(u"REMb"_s, {u"b"_s, u"m"_s, 7, 0}),
+             u"00 07 00 00 00 00 02 00 | b | m | 00 00 00 00 00 00 00 00 | 03 00 00 00"_s},
+            {MakeGroup(u"MULREMb\\b@m"_s, {u"b"_s, u"g"_s, 0, 0}),
+             u"00 00 00 00 00 00 02 02 | b | g | 00 00 00 00 00 00 00 00 | 03 00 00 00"_s},
+            {MakeReceived(Command, u"GRPMULREMb\\b@m\\b@g"_s, {u"b"_s, u"c"_s, 1, 0}),
+             u"00 01 00 00 00 00 02 02 | b | c | 00 00 00 00 00 00 00 00 | 00 01 00 00"_s},
         };
-        const auto elements = Elements(tree, true);
-        QCOMPARE(elements.size(), std::size(expected));
-        for (size_t i = 0; i < elements.size(); ++i)
-            QCOMPARE(Encode(elements[i]).toHex(' '), expected[i].toHex(' '));
-    }
-
-    void NumbersOfContainers() {
         KeyedTree tree;
-        ResetTranslatorTree(tree);
-        for (const QString& remote : {u"a"_s, u"b"_s}) {
-            AddNode(tree, MakeRemote({.name = remote}));
-            AddNode(tree, MakeGroup(RemoteKey(remote), {remote, u"m"_s, 7}));
-            AddNode(tree, MakeGroup(u"MULREM%1\\%1@m"_s.arg(remote), {remote, u"g"_s, 0}));
-            AddNode(tree, MakeReceived(TranslatorKind::Command, u"GRPMULREM%1\\%1@m\\%1@g"_s.arg(remote),
-                                       {remote, u"c"_s}));
+        for (const auto& [node, written] : rows)
+            QVERIFY(AddNode(tree, node));
+        const auto elements = Elements(tree);
+        QCOMPARE(elements.size(), std::size(rows));
+        for (size_t i = 0; i < elements.size(); ++i) {
+            QCOMPARE(elements[i].ElementIndex, int(i));
+            QCOMPARE(Written(elements[i]), rows[i].second);
         }
-        QStringList numbers;
-        for (const TranslatorRequest& element : Elements(tree))
-            numbers += u"%1:%2%3%4"_s.arg(element.ElementType)
-                           .arg(element.RemoteIndex)
-                           .arg(element.GroupIndex)
-                           .arg(element.MultiIndex);
-        QCOMPARE(numbers.join(u' '), u"4:000 5:100 7:101 0:111 1:110 5:200 7:202 0:222 1:220"_s);
-    }
-
-    void LimitsOfATree_data() {
-        QTest::addColumn<int>("count");
-        QTest::addColumn<int>("kind"); // what there are `count` of
-        QTest::addColumn<QString>("fault");
-        enum { Commands, Remotes, Groups, Multis, MacroSteps, ToggleSteps, Timeout };
-        QTest::newRow("elements") << 1000 << int(Commands) << u"fine"_s; // and the root
-        QTest::newRow("elements+") << 1001 << int(Commands) << u"0 1002/1001 0 "_s;
-        QTest::newRow("remotes") << 40 << int(Remotes) << u"fine"_s;
-        QTest::newRow("remotes+") << 41 << int(Remotes) << u"1 41/40 0 "_s;
-        QTest::newRow("groups") << 40 << int(Groups) << u"fine"_s;
-        QTest::newRow("groups+") << 41 << int(Groups) << u"2 41/40 0 "_s;
-        QTest::newRow("shift keys") << 255 << int(Multis) << u"fine"_s;
-        QTest::newRow("shift keys+") << 256 << int(Multis) << u"3 256/255 0 "_s;
-        QTest::newRow("macro") << 155 << int(MacroSteps) << u"fine"_s;
-        QTest::newRow("macro+") << 156 << int(MacroSteps) << u"4 156/155 0 a.b"_s;
-        QTest::newRow("toggle") << 29 << int(ToggleSteps) << u"fine"_s;
-        QTest::newRow("toggle+") << 30 << int(ToggleSteps) << u"4 30/29 0 a.b"_s;
-        QTest::newRow("time-out") << 4087 << int(Timeout) << u"fine"_s;
-        QTest::newRow("time-out+") << 4088 << int(Timeout) << u"5 4088/4087 0 a.b"_s;
     }
 
     void LimitsOfATree() {
-        QFETCH(const int, count);
-        QFETCH(const int, kind);
-        KeyedTree tree;
-        ResetTranslatorTree(tree);
-        AddNode(tree, MakeRemote({.name = u"r"_s}));
-        tree.Remove(kind == 2 ? QString() : u"REMr"_s);
         const QString macro = u"MACCON\\a@b"_s;
         const QString toggle = u"TOGCON\\a@b"_s;
-        if (kind == 4)
-            AddNode(tree, MakeReceived(TranslatorKind::Macro, TranslatorRootKey, {u"a"_s, u"b"_s, 100}));
-        else if (kind == 5)
-            AddNode(tree, MakeReceived(TranslatorKind::Toggle, TranslatorRootKey, {u"a"_s, u"b"_s, 75}));
-        else if (kind == 6)
-            AddNode(tree, MakeReceived(TranslatorKind::Command, TranslatorRootKey,
-                                       {u"a"_s, u"b"_s, 2, 0, 0, 51, count}));
-        for (int i = 0; i < count && kind != 6; ++i) {
-            const QString name = QString::number(i);
-            switch (kind) {
-            case 0:
-                AddNode(tree, MakeReceived(TranslatorKind::Command, TranslatorRootKey, {name, name}));
-                break;
-            case 1: AddNode(tree, MakeRemote({.name = name})); break;
-            case 2: AddNode(tree, MakeGroup(u"REMr"_s, {name, name})); break;
-            case 3: AddNode(tree, MakeGroup(TranslatorRootKey, {name, name, 7})); break;
-            case 4: AddNode(tree, MakeSend(name, macro, {})); break;
-            case 5: AddNode(tree, MakeSend(name, toggle, {})); break;
-            }
+        const struct {
+            int most;
+            int others; ///< nodes of the tree below that count, too
+            QString parent;
+            QString key;
+            QString fault; ///< of one more
+        } rows[] = {
+            {1001, 4, u"CON"_s, u"RCVCON\\%1@x"_s, u"0 %1/%2 0 "_s},
+            {40, 1, u"CON"_s, u"REM%1"_s, u"1 %1/%2 0 "_s},
+            {40, 0, u"REMr"_s, u"GRPREMr\\%1@x"_s, u"2 %1/%2 0 "_s},
+            {255, 0, u"CON"_s, u"MULCON\\%1@x"_s, u"3 %1/%2 0 "_s},
+            {155, 0, macro, u"SND%1"_s + macro, u"4 %1/%2 0 a.b"_s},
+            {29, 0, toggle, u"SND%1"_s + toggle, u"4 %1/%2 0 a.b"_s},
+        };
+        using enum TranslatorKind;
+        for (const auto& row : rows) {
+            KeyedTree tree;
+            ResetTranslatorTree(tree);
+            AddNode(tree, MakeRemote({.name = u"r"_s}));
+            AddNode(tree, MakeReceived(Macro, TranslatorRootKey, {u"a"_s, u"b"_s, 100}));
+            AddNode(tree, MakeReceived(Toggle, TranslatorRootKey, {u"a"_s, u"b"_s, 75}));
+            for (int count = row.others; count < row.most; ++count)
+                QVERIFY(AddNode(tree, {row.key.arg(count), row.parent, {}, {}, {}}));
+            QCOMPARE(Fault(FlattenTree(tree, false)), u"fine"_s);
+            AddNode(tree, {row.key.arg(row.most), row.parent, {}, {}, {}});
+            QCOMPARE(Fault(FlattenTree(tree, false)), row.fault.arg(row.most + 1).arg(row.most));
         }
-        const auto flat = FlattenTree(tree, false);
-        QTEST(Fault(std::get_if<TranslatorRefusal>(&flat)), "fault");
+        KeyedTree tree;
+        QCOMPARE(Fault(FlattenTree(tree, false)), u"10 0/0 0 "_s);
+        ResetTranslatorTree(tree);
+        for (const auto& [timeout, fault] : {std::pair(4087, u"fine"_s), {4088, u"5 4088/4087 0 a.b"_s}}) {
+            AddNode(tree, MakeReceived(Command, TranslatorRootKey, {u"a"_s, u"b"_s, 2, 0, 0, 51, timeout}));
+            QCOMPARE(Fault(FlattenTree(tree, false)), fault);
+            tree.Remove(u"RCVCON\\a@b"_s);
+        }
     }
 
     void SetsThatAreNotSound() {
         const auto root = Element(4, u"R"_s);
         const auto remote = Element(5, u"tv"_s, 1);
         const auto macro = Element(102, u"m"_s);
-        const struct {
-            std::vector<TranslatorRequest> elements;
-            QString fault;
-        } rows[] = {
+        const std::pair<std::vector<TranslatorRequest>, QString> rows[] = {
             {{}, u"10 0/0 0 "_s},
             {std::vector(1002, root), u"0 1002/1001 0 "_s},
             {{root, Element(5, u"tv"_s, 41)}, u"1 41/40 2 tv"_s},
@@ -289,44 +312,11 @@ private slots:
         KeyedTree tree;
         ResetTranslatorTree(tree);
         AddNode(tree, MakeReceived(TranslatorKind::Macro, TranslatorRootKey, {u"old"_s, {}, 100}));
-        for (const auto& row : rows) {
-            const auto built = BuildNodes(row.elements, tree);
-            QCOMPARE(Fault(std::get_if<TranslatorRefusal>(&built)), row.fault);
-        }
-        const auto flat = FlattenTree(KeyedTree(), false);
-        QCOMPARE(Fault(std::get_if<TranslatorRefusal>(&flat)), u"10 0/0 0 "_s);
+        for (const auto& [elements, fault] : rows)
+            QCOMPARE(Fault(BuildNodes(elements, tree)), fault);
         // Without a root they join what stands there.
         FillTree(tree, std::get<TranslatorNodes>(BuildNodes({macro}, tree)));
         QCOMPARE(tree.Find(TranslatorRootKey)->Children(), 2);
-    }
-
-    /// Whatever a server sends as elements, the tree and the way out of it stay sound.
-    void ElementsOfAnyBytes() {
-        QRandomGenerator random(7);
-        KeyedTree tree;
-        ResetTranslatorTree(tree);
-        int filled = 0;
-        for (int round = 0; round < 3000; ++round) {
-            std::vector<TranslatorRequest> elements{Element(4, u"R"_s)};
-            for (int i = int(random.bounded(12)); i > 0; --i) {
-                QByteArray bytes(TranslatorRequest::Size, '\0');
-                for (char& byte : bytes)
-                    byte = char(random.generate());
-                auto element = Decode<TranslatorRequest>(bytes);
-                element.RemoteIndex %= 2;
-                element.GroupIndex %= 2;
-                element.MultiIndex %= 2;
-                elements.push_back(element);
-            }
-            const auto built = BuildNodes(elements, tree);
-            if (const auto* nodes = std::get_if<TranslatorNodes>(&built)) {
-                FillTree(tree, *nodes);
-                QCOMPARE(tree.Count(), int(elements.size()));
-                QCOMPARE(Elements(tree).size(), elements.size());
-                ++filled;
-            }
-        }
-        QVERIFY(filled > 100);
     }
 };
 

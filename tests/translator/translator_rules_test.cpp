@@ -1,3 +1,4 @@
+#include "translator/translator_device.h"
 #include "translator/translator_editing_rules.h"
 
 #include "support/suite.h"
@@ -46,6 +47,19 @@ class TranslatorRulesTest : public QObject {
     Q_OBJECT
 
 private slots:
+    void WhatADeviceCan() {
+        for (const auto& [version, can] : {std::pair(u"G5.04.05"_s, u"names shift"_s),
+                                           {u"E5.04.04"_s, u" shift"_s},
+                                           {u"X6.00.00"_s, u" shift"_s},
+                                           {u"X4.04.27  "_s, u" shift"_s},
+                                           {u"E4.04.26"_s, u""_s}}) {
+            const TranslatorDevice device{version.left(1), version.mid(1), 0, 0};
+            QCOMPARE((device.HasNames() ? u"names"_s : u""_s) +
+                         (KnowsShiftKeys(u"0.1 - "_s + version) ? u" shift"_s : u""_s),
+                     can);
+        }
+    }
+
     void WhereNewNodesGo() {
         const Garden g;
         QCOMPARE(g.inner, u"GRPMULREMTV\\tv@m\\tv@g"_s);
