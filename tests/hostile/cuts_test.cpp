@@ -1,7 +1,6 @@
 #include "hostile/recorded_session.h"
 
-#include "app/program_rig.h"
-#include "practice/practice_server.h"
+#include "support/practice_rig.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -77,10 +76,10 @@ class Painter : public QObject {
 };
 
 /// The program and a server, with a recorder between them.
-class Stage : public ProgramRig {
+class Stage : public PracticeRig {
 public:
     Stage(const QString& layout, const QString& firmware, quint32 capabilities)
-        : ProgramRig(layout) {
+        : PracticeRig(layout) {
         practice.GetWorld() = SmallWorld(firmware, capabilities);
         practice.GetOutcomes().learnTime = 5;
         options.port = relay.Port();
@@ -230,8 +229,6 @@ public:
     }
 
     Painter painter;
-    PracticeServer practice;
-    const bool listens = practice.Listen();
     RecordedSession relay{practice.Port()};
     std::map<QByteArray, std::unique_ptr<QSignalSpy>> spies;
 };

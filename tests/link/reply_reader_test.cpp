@@ -6,6 +6,25 @@ using Raw::Page;
 using Raw::Reply;
 using Raw::Result;
 
+namespace {
+
+/// What a session without a connection says to bytes that come in pieces.
+QString InPieces(const QByteArray& bytes, qsizetype length, Pending pending = Pending::None) {
+    Session session;
+    SessionTrace trace(session);
+    session.PendingOp = pending;
+    session.TransferIndex = 11;
+    ReplyReader reader(session);
+    for (qsizetype at = 0; at < bytes.size(); at += length) {
+        const QByteArray piece = bytes.mid(at, length);
+        for (QByteArrayView input = piece; !input.isEmpty();)
+            reader.Read(input);
+    }
+    return trace.Said();
+}
+
+} // namespace
+
 class ReplyReaderTest : public QObject {
     Q_OBJECT
 
@@ -29,7 +48,7 @@ private slots:
             Raw::Received("F1") + Raw::Received("F2") + Raw::Received("F0") + Raw::Received("F9") +
                 Raw::Received("F"),
             u"translator flash 1; database flash 1; translator flash 0"_s);
-        row("learn state", Reply(5, QByteArray("\0\0\3\46amp\0", 8)), u"learn amp 3"_s);
+        row("learn state", Reply(5, QByteArray("\0\0\3\46amp\0", 8)), u"learn amp 3 38 kHz 0/0 "_s);
         row("server info", Reply(9, QByteArray(8, 'x')) + Reply(2, QByteArray(208, 'x')), QString());
         row("server version", Reply(13, QByteArray(8, 'x') + QByteArray("2.17\0xx", 7)), u"version 2.17"_s);
         row("unknown types",
@@ -56,6 +75,8 @@ private slots:
         Recorder whole;
         QCOMPARE(whole.Play(bytes), said);
         QCOMPARE(whole.Sent(), QString());
+        for (const int length : {1, 7, 9})
+            QCOMPARE(InPieces(bytes, length), said);
     }
 
     void OverwriteAnswers() {
@@ -131,6 +152,8 @@ private slots:
         QCOMPARE(recorder.Play(bytes), said);
         QCOMPARE(int(recorder.session.PendingOp), left);
         QCOMPARE(recorder.session.TransferIndex, 11);
+        for (const int length : {1, 7, 9})
+            QCOMPARE(InPieces(bytes, length, Pending(pending)), said);
     }
 
     void FlagsOfResults() {

@@ -58,8 +58,14 @@ public:
             return u"memory %1 %2 %3"_s.arg(r.usage, r.size).arg(fits);
         });
         On(&S::LearnWaitEnded, [] { return u"wait ended"_s; });
-        On(&S::LearnStateReceived,
-           [](const LearnStateReply& r) { return u"learn %1 %2"_s.arg(r.Remote).arg(r.Flags); });
+        On(&S::LearnStateReceived, [](const LearnStateReply& r) {
+            return u"learn %1 %2 %3 kHz %4/%5 %6"_s.arg(r.Remote)
+                .arg(r.Flags)
+                .arg(r.Carrier)
+                .arg(r.TimingCount)
+                .arg(r.CommandCount)
+                .arg(r.Code);
+        });
         On(&S::ServerVersionReceived, [](const QString& version) { return u"version "_s + version; });
         On(&S::NamesReady, [this](ReplyType type) {
             return u"names %1: %2 = %3"_s.arg(int(type))

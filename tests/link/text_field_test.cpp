@@ -32,35 +32,30 @@ class TextFieldTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void Forms_data() {
-        QTest::addColumn<QString>("text");
-        QTest::addColumn<QByteArray>("pictures");
-        const auto row = [](const char* name, const QString& text, const char* pictures) {
-            QTest::newRow(name) << text << Ascii(pictures);
-        };
-        // Fields of eight bytes: trimmed, plain with a NUL, plain, zeroed. "0" is a NUL, "_" a blank.
-        row("empty", u""_s, "0_______ 0_______ ________ 00000000");
-        row("only blanks", u"   "_s, "0_______ ___0____ ________ ___00000");
-        row("blanks", u" t v  "_s, "t_v0____ _t_v__0_ _t_v____ _t_v__00");
-        row("tab at the end", u"tv\t"_s, "tv\t0____ tv\t0____ tv\t_____ tv\t00000");
-        row("one below the width", u"abcdefg"_s, "abcdefg0 abcdefg0 abcdefg_ abcdefg0");
-        row("exactly the width", u"abcdefgh"_s, "abcdefgh abcdefgh abcdefgh abcdefgh");
-        row("one above the width", u"abcdefghi"_s, "abcdefgh abcdefgh abcdefgh abcdefgh");
-        row("trimmed before it is cut", u"  abcdefgh"_s, "abcdefgh __abcdef __abcdef __abcdef");
-        row("a blank where it is cut", u"abcdefg hi"_s, "abcdefg_ abcdefg_ abcdefg_ abcdefg_");
-        row("code page", u"aĀ😀€z"_s, "a??\x80z0__ a??\x80z0__ a??\x80z___ a??\x80z000");
-        row("NUL inside", u"a\0b"_s, "a0b0____ a0b0____ a0b_____ a0b00000");
-    }
-
     void Forms() {
-        QFETCH(QString, text);
-        QFETCH(QByteArray, pictures);
-        const QByteArrayList fields = pictures.split(' ');
-        const TextForm forms[] = {TextForm::Trimmed, TextForm::PlainNul, TextForm::Plain, TextForm::Zeroed};
-        for (int i = 0; i < 4; ++i) {
-            QByteArray expected = fields[i];
-            expected.replace('0', '\0').replace('_', ' ');
-            QCOMPARE(Field(8, forms[i], text), '#' + expected + '#');
+        // Fields of eight bytes: trimmed, plain with a NUL, plain, zeroed. "0" is a NUL, "_" a blank.
+        const std::pair<QString, QByteArray> rows[] = {
+            {u""_s, "0_______ 0_______ ________ 00000000"},
+            {u"   "_s, "0_______ ___0____ ________ ___00000"},
+            {u" t v  "_s, "t_v0____ _t_v__0_ _t_v____ _t_v__00"},
+            {u"tv\t"_s, "tv\t0____ tv\t0____ tv\t_____ tv\t00000"},
+            {u"abcdefg"_s, "abcdefg0 abcdefg0 abcdefg_ abcdefg0"},
+            {u"abcdefgh"_s, "abcdefgh abcdefgh abcdefgh abcdefgh"},
+            {u"abcdefghi"_s, "abcdefgh abcdefgh abcdefgh abcdefgh"},
+            {u"  abcdefgh"_s, "abcdefgh __abcdef __abcdef __abcdef"},
+            {u"abcdefg hi"_s, "abcdefg_ abcdefg_ abcdefg_ abcdefg_"},
+            {u"aĀ😀€z"_s, "a??\x80z0__ a??\x80z0__ a??\x80z___ a??\x80z000"},
+            {u"a\0b"_s, "a0b0____ a0b0____ a0b_____ a0b00000"},
+        };
+        for (const auto& [text, pictures] : rows) {
+            QByteArrayList fields;
+            for (const auto form :
+                 {TextForm::Trimmed, TextForm::PlainNul, TextForm::Plain, TextForm::Zeroed}) {
+                const QByteArray field = Field(8, form, text);
+                QVERIFY(field.startsWith('#') && field.endsWith('#'));
+                fields += field.sliced(1, 8).replace('\0', '0').replace(' ', '_');
+            }
+            QCOMPARE(fields.join(' '), pictures);
         }
     }
 
