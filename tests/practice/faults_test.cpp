@@ -4,14 +4,19 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+const QString Press = u"ack; code tv|power|RC5 01 00"_s;
+
+} // namespace
+
 class FaultsTest : public QObject {
     Q_OBJECT
 
 private slots:
     void Pieces() {
         Start({.pieceSize = 40});
-        QCOMPARE(client->Frame().size(), 8);
-        QCOMPARE(client->Frame().size(), 312);
+        QCOMPARE(client->Told(2), Press);
         QVERIFY(client->arrivals > 2);
     }
 
@@ -19,15 +24,23 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         Start({.delay = 60});
-        QCOMPARE(client->Frame().size(), 8);
-        QVERIFY(clock.elapsed() >= 60);
-        QCOMPARE(client->Frame().size(), 312);
+        QCOMPARE(client->Told(2), Press);
         QVERIFY(clock.elapsed() >= 120);
     }
 
-    void Refusal() {
+    void WrongAnswers() {
         Start({.refused = {u"tv/power"_s}});
-        QCOMPARE(ResultText(client->Frame()), QByteArray("\"power\" of \"tv\" could not be sent."));
+        QCOMPARE(client->Told(1), u"error 6/0 \"power\" of \"tv\" could not be sent."_s);
+        // The texts must lie where the client looks for them.
+        Start({.logsBefore = 2});
+        const QString logs = u"log <practice log 1 of 2\r\n>; log <practice log 2 of 2\r\n>; "_s;
+        QCOMPARE(client->Told(6), logs + u"ack; "_s + logs + Press.sliced(5));
+        Start({.twice = true, .headerFiller = "*+*+"});
+        for (const int size : {8, 8, 312, 312}) {
+            const QByteArray frame = client->Frame();
+            QCOMPARE(frame.size(), size);
+            QVERIFY(frame.startsWith("*+*+"));
+        }
     }
 
     void Silence() {
@@ -45,29 +58,6 @@ private slots:
             Start({.pieceSize = 50, .cut = cut, .cutAnswer = 2, .cutBytes = 100});
             QTRY_COMPARE(client->socket.state(), QTcpSocket::UnconnectedState);
             QCOMPARE(client->received.size(), 8 + 100);
-        }
-    }
-
-    // The text must lie where the client looks for it: from byte 4 on, its end not within the last eight.
-    void LogsBeforeEachAnswer() {
-        Start({.logsBefore = 2});
-        for (const int size : {8, 312}) {
-            for (const char* text : {"practice log 1 of 2\n", "practice log 2 of 2\n"}) {
-                const QByteArray log = client->Frame();
-                QCOMPARE(TypeOf(log), 23);
-                QCOMPARE(QByteArray(log.constData() + 12), QByteArray(text));
-                QVERIFY(log.indexOf('\n') <= log.size() - 8);
-            }
-            QCOMPARE(client->Frame().size(), size);
-        }
-    }
-
-    void TwiceAndFilled() {
-        Start({.twice = true, .headerFiller = "*+*+"});
-        for (const int size : {8, 8, 312, 312}) {
-            const QByteArray frame = client->Frame();
-            QCOMPARE(frame.size(), size);
-            QVERIFY(frame.startsWith("*+*+"));
         }
     }
 
@@ -91,31 +81,23 @@ private slots:
         };
         const auto faults = read({u"--pieces=3"_s, u"--silent-for=16"_s, u"--silent-for=60"_s,
                                   u"--reset=2:100"_s, u"--filler=00FF2A2A"_s, u"--refuse=tv/power"_s});
-        QVERIFY(faults);
-        QCOMPARE(faults->pieceSize, 3);
+        QVERIFY(faults && faults->pieceSize == 3 && faults->refused == QStringList(u"tv/power"_s));
         QCOMPARE(faults->silentFor, (QSet<quint8>{16, 60}));
-        QCOMPARE(faults->cut, Faults::Cut::Reset);
-        QCOMPARE(faults->cutAnswer, 2);
-        QCOMPARE(faults->cutBytes, 100);
+        QVERIFY(faults->cut == Faults::Cut::Reset && faults->cutAnswer == 2 && faults->cutBytes == 100);
         QCOMPARE(faults->headerFiller, QByteArray("\0\xFF**", 4));
         QVERIFY(!read({u"--filler=2A2A0000"_s}));
         QVERIFY(!read({u"--close=5"_s}));
         QCOMPARE(error, u"--close: \"5\" is not two numbers with a colon between them"_s);
-    }
 
-    void OutcomesOnTheCommandLine() {
-        QString error;
-        const auto read = [&](const QStringList& options) {
+        const auto outcome = [&](const QStringList& options) {
             return ReadOptions<AddOutcomeOptions, ReadOutcomeOptions>(options, error);
         };
-        const auto outcomes = read({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
-                                    u"--refuse-database-element=12"_s, u"--database-words=32768"_s});
-        QVERIFY(outcomes);
-        QCOMPARE(outcomes->learn, Outcomes::Learn::TimesOut);
-        QCOMPARE(outcomes->learnTime, 1200);
+        const auto outcomes = outcome({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
+                                       u"--refuse-database-element=12"_s, u"--database-words=32768"_s});
+        QVERIFY(outcomes && outcomes->learn == Outcomes::Learn::TimesOut && outcomes->learnTime == 1200);
         QCOMPARE(outcomes->refusedDatabaseElements, (QSet<int>{0, 12}));
         QCOMPARE(outcomes->databaseWords, 32768);
-        QVERIFY(!read({u"--learn=maybe"_s}));
+        QVERIFY(!outcome({u"--learn=maybe"_s}));
         QCOMPARE(error, u"--learn: \"maybe\" is not succeed, fail or timeout"_s);
     }
 

@@ -32,48 +32,34 @@ private slots:
         QCOMPARE(CheckRecord<CommandRequest>(Golden::LearnAtLimits()), QStringList());
     }
 
-    void FaultsNameTheirField_data() {
-        QTest::addColumn<QByteArray>("record");
-        QTest::addColumn<int>("at");
-        QTest::addColumn<QByteArray>("bytes");
-        QTest::addColumn<QString>("words");
-
-        const auto row = [](const char* name, const QByteArray& record, int at, const QByteArray& bytes,
-                            const QString& words) { QTest::newRow(name) << record << at << bytes << words; };
+    void FaultsNameTheirField() {
         const QByteArray nul(1, '\0');
         const QByteArray command = Golden::PressTvPower();
-        row("unnamed", command, 1, "\x05", u"CommandRequest: byte 1 is 0x05"_s);
-        row("version", command, 8, "\xD3", u"CommandRequest: field \"version\" (offset 8): 211"_s);
-        row("time-out", command, 2, "\xFF\xFF", u"field \"timeout\" (offset 2): -1"_s);
-        row("two NULs", command, 17, nul,
-            u"CommandRequest: field \"remote\" (offset 12): byte 17 is 0x00 behind the NUL, a blank was "
-            "expected"_s);
-        row("blank at the front", command, 12, " v", u"field \"remote\" (offset 12): the text begins"_s);
-        row("blank at the end", command, 96, " ", u"field \"command\" (offset 92): the text ends"_s);
-        row("no NUL", command, 97, " ", u"field \"command\" (offset 92): no NUL"_s);
-        row("padded", Golden::SetMode(), 3, "\x01", u"ModeRequest: byte 3"_s);
-        row("LCD kind", Golden::LcdText(), 2, "\x01", u"LcdRequest: field \"kind\" (offset 2): 1"_s);
-        row("LCD with NUL", Golden::LcdText(), 213, nul, u"field \"text\" (offset 14): byte 213 is a NUL"_s);
-        row("serial length", Golden::SerialText(), 12, "\x01",
-            u"SerialRequest: field \"text\" (offset 16): byte 17 "_s);
-        row("code reserved", Golden::StoreCcf(), 4, "x", u"field \"reserved\" (offset 4): 120"_s);
-        row("translator", Golden::TranslatorMacro(), 103, nul, u"TranslatorRequest: field \"remote\""_s);
-        row("global tail", Golden::DatabaseGlobal(), 1260, nul, u"IRDBGlobalRecord: field \"tail\""_s);
-        row("global array", Golden::DatabaseGlobal(), 735, "x",
-            u"field \"minimumCommand(3)\" (offset 686)"_s);
-        row("element kind", Golden::DatabaseRemote(), 17, "\x12", u"field \"ElementKind\" (offset 17): 18"_s);
-        row("action behind", Golden::DatabaseBinaryAction(), 391, nul,
-            u"byte 391 is 0x00 behind the 5 in use"_s);
-    }
-
-    void FaultsNameTheirField() {
-        QFETCH(QByteArray, record);
-        QFETCH(int, at);
-        QFETCH(QByteArray, bytes);
-        QFETCH(QString, words);
-        record.replace(at, bytes.size(), bytes);
-        const QString found = Faults(record);
-        QVERIFY2(found.contains(words), qPrintable(found));
+        const std::tuple<QByteArray, int, QByteArray, QString> rows[] = {
+            {command, 1, "\x05", u"CommandRequest: byte 1 is 0x05"_s},
+            {command, 8, "\xD3", u"CommandRequest: field \"version\" (offset 8): 211"_s},
+            {command, 2, "\xFF\xFF", u"field \"timeout\" (offset 2): -1"_s},
+            {command, 17, nul,
+             u"CommandRequest: field \"remote\" (offset 12): byte 17 is 0x00 behind the NUL, a blank was "
+             "expected"_s},
+            {command, 12, " v", u"field \"remote\" (offset 12): the text begins"_s},
+            {command, 96, " ", u"field \"command\" (offset 92): the text ends"_s},
+            {command, 97, " ", u"field \"command\" (offset 92): no NUL"_s},
+            {Golden::SetMode(), 3, "\x01", u"ModeRequest: byte 3"_s},
+            {Golden::LcdText(), 2, "\x01", u"LcdRequest: field \"kind\" (offset 2): 1"_s},
+            {Golden::LcdText(), 213, nul, u"field \"text\" (offset 14): byte 213 is a NUL"_s},
+            {Golden::SerialText(), 12, "\x01", u"SerialRequest: field \"text\" (offset 16): byte 17 "_s},
+            {Golden::StoreCcf(), 4, "x", u"field \"reserved\" (offset 4): 120"_s},
+            {Golden::TranslatorMacro(), 103, nul, u"TranslatorRequest: field \"remote\""_s},
+            {Golden::DatabaseGlobal(), 1260, nul, u"IRDBGlobalRecord: field \"tail\""_s},
+            {Golden::DatabaseGlobal(), 735, "x", u"field \"minimumCommand(3)\" (offset 686)"_s},
+            {Golden::DatabaseRemote(), 17, "\x12", u"field \"ElementKind\" (offset 17): 18"_s},
+            {Golden::DatabaseBinaryAction(), 391, nul, u"byte 391 is 0x00 behind the 5 in use"_s},
+        };
+        for (const auto& [golden, at, bytes, words] : rows) {
+            const QString found = Faults(QByteArray(golden).replace(at, bytes.size(), bytes));
+            QVERIFY2(found.contains(words), qPrintable(found));
+        }
     }
 
     // The flag byte of a learn request is a number in a text field; 0 must not be taken for a stray NUL.
