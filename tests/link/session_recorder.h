@@ -17,18 +17,24 @@ inline QString SentTo(FakeServer& server, Session& session) {
     return log;
 }
 
-/// A session that is connected to a server over a real socket.
-struct LinkedSession {
-    LinkedSession() {
+/// A session that knows its server, over a real socket.
+struct ServedSession {
+    ServedSession() {
         session.RemoteHost = FakeServer::Host();
         session.RemotePort = server.Port();
-        session.Connect();
-        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
-            qFatal("no connection on the loopback");
     }
 
     FakeServer server;
     Session session;
+};
+
+/// A session that is connected.
+struct LinkedSession : ServedSession {
+    LinkedSession() {
+        session.Connect();
+        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
+            qFatal("no connection on the loopback");
+    }
 };
 
 /// Writes down a session's signals, one line each.
@@ -110,12 +116,12 @@ public:
 protected:
     QStringList lines;
 
-private:
     template <class... Arguments, class Line> void On(void (Session::*signal)(Arguments...), Line line) {
         QObject::connect(&session, signal, &session,
                          [this, line](Arguments... arguments) { lines += line(arguments...); });
     }
 
+private:
     Session& session;
 };
 

@@ -5,11 +5,129 @@
 
 using namespace Qt::StringLiterals;
 
+namespace {
+
+/// A session whose news of the link is written down.
+class Link : public ServedSession, public SessionTrace {
+public:
+    Link()
+        : SessionTrace(ServedSession::session) {
+        On(&Session::LinkUp, [this] { return u"up"_s + Where(); });
+        On(&Session::LinkFailed, [this](LinkFault fault, const QString& why) {
+            return (fault == LinkFault::Refused ? u"refused"_s : u"other"_s) +
+                   (why.isEmpty() ? u" without a word"_s : QString()) + Where();
+        });
+        On(&Session::SendFailed, [](Session::SendFault fault) {
+            return fault == Session::SendFault::NoLink ? u"no link"_s : u"stuck"_s;
+        });
+    }
+
+    using ServedSession::session;
+
+    void Connect() {
+        calling = true;
+        session.Connect();
+        calling = false;
+    }
+    bool ComeUp() {
+        Connect();
+        const bool isUp = QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); });
+        lines.clear();
+        return isUp;
+    }
+    QString Lines() const { return lines.join(u' '); }
+
+private:
+    QString Where() const { return calling ? u" from inside the call"_s : QString(); }
+
+    bool calling = false;
+};
+
+} // namespace
+
 class SessionTest : public QObject {
     Q_OBJECT
 
 private slots:
     void init() { FailOnWarnings(); }
+
+    void Refused() {
+        Link link;
+        link.server.Shut();
+        link.Connect();
+        QTRY_COMPARE(link.Lines(), u"refused"_s);
+        QVERIFY(link.server.Open());
+        link.Connect();
+        QVERIFY(!link.session.IsUp());
+        QTRY_COMPARE(link.Lines(), u"refused up"_s);
+        QVERIFY(link.session.IsUp());
+    }
+
+    void NoHost() {
+        for (const QString& host : {u""_s, u"no host at all"_s}) {
+            Link link;
+            link.session.RemoteHost = host;
+            link.Connect();
+            QTRY_COMPARE_WITH_TIMEOUT(link.Lines(), u"other"_s, 20'000);
+            QVERIFY(!link.session.IsUp());
+        }
+    }
+
+    void TheLastOfSeveralConnectsCounts() {
+        Link link;
+        for (int i = 0; i < 5; ++i)
+            link.Connect();
+        QTRY_COMPARE(link.Lines(), u"up"_s);
+        link.server.Play(Raw::Log("a"));
+        QTRY_COMPARE(link.Lines(), u"up log <a>"_s);
+    }
+
+    /// The end of a connection is told once, behind all that came before it.
+    void Ends() {
+        // Twenty replies are more than the buffer holds.
+        for (const auto& [reset, replies] : {std::pair(false, 0), std::pair(false, 1), std::pair(false, 20),
+                                             std::pair(true, 0), std::pair(true, 1)}) {
+            Link link;
+            link.server.deaf = reset; // what it hasn't read makes a reset of the close
+            QVERIFY(link.ComeUp());
+            link.session.SendRemoteCommand(Netcommand::Start, {}, {}, 0);
+            if (!reset)
+                QTRY_COMPARE(link.server.Records(), 1);
+            const QString text(30'000, u'x');
+            QStringList expected;
+            for (int i = 0; i < replies; ++i) {
+                link.server.Play(Raw::Log(text.toLatin1()));
+                expected += u"log <%1>"_s.arg(text);
+            }
+            if (reset)
+                link.server.Reset();
+            else
+                link.server.Close();
+            expected += u"other"_s;
+            QTRY_COMPARE(link.Lines(), expected.join(u' '));
+            QVERIFY(!link.session.IsUp());
+            QVERIFY(!link.session.SendRemoteCommand(Netcommand::Start, {}, {}, 0));
+            QCOMPARE(link.Lines(), (expected + QStringList(u"no link"_s)).join(u' '));
+            QVERIFY(link.ComeUp());
+        }
+    }
+
+    /// A server that takes nothing: what waits for it has a limit, and the user is told.
+    void AServerThatNeverReads() {
+        Link link;
+        link.server.deaf = true;
+        QVERIFY(link.ComeUp());
+        qint64 sent = 0;
+        while (sent < 0x4000000 && link.session.SendCode({}))
+            sent += CodeRequest::Size;
+        QCOMPARE(link.Lines(), u"stuck"_s);
+        QVERIFY(sent >= Connection::SendBacklog - CodeRequest::Size);
+        // It is no dead end.
+        link.server.deaf = false;
+        QVERIFY(link.ComeUp());
+        QVERIFY(link.session.SendRemoteCommand(Netcommand::Start, {}, {}, 0));
+        QTRY_COMPARE(link.server.Log(), u"36 / 0"_s);
+    }
 
     /// Whole records, byte for byte, in the order of the calls.
     void RecordsArriveWhole() {

@@ -1,5 +1,7 @@
 #include "practice_client.h"
 
+#include "practice/world_options.h"
+
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
@@ -99,6 +101,20 @@ private slots:
         QCOMPARE(outcomes->databaseWords, 32768);
         QVERIFY(!outcome({u"--learn=maybe"_s}));
         QCOMPARE(error, u"--learn: \"maybe\" is not succeed, fail or timeout"_s);
+    }
+
+    void AWorldOnTheCommandLine() {
+        QString error;
+        World world = World::LivingRoom();
+        const auto read = [&](const QStringList& options) {
+            return ReadOptions<AddWorldOptions, ReadWorldOptions>(options, world, error);
+        };
+        QVERIFY(!read({u"--commands=-1"_s}));
+        QCOMPARE(error, u"--commands: \"-1\" is not a number from 0 to 32767"_s);
+        QVERIFY(read({u"--remotes=500"_s, u"--commands=1000"_s}));
+        QCOMPARE(world.remotes.size(), size_t(500));
+        QCOMPARE(world.remotes[8].commands.size(), size_t(1000));
+        QCOMPARE(*world.FindCode(u"alle Befehle"_s, u"Befehl 1000"_s), u"RC5 09 3E7"_s);
     }
 
 private:

@@ -1,8 +1,5 @@
 #include "practice_client.h"
 
-#include "practice/learn_param.h"
-#include "practice/world_options.h"
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -91,42 +88,6 @@ private slots:
             client->Told(5),
             u"learn tv 1 0 kHz 1/32 CCF 0000 006D 0001 0000 0010 0020; ack; code tv|power|CCF 0000 006D 0001 0000 0010 0020; ack; code tv|power|RS232 F1!0 006D 0001 0000 0010 0020"_s);
         QVERIFY(practice->lines.contains(u"not stored: no remote control is open"));
-    }
-
-    void ParametersInWords() {
-        const std::tuple<int, quint32, int, QString> rows[] = {
-            {4, (128u | 32 | 9) << 16 | 2 << 8 | 7, 0,
-             u"old form, bus 2, address 7, receiver 455 kHz, calibration every 10, IR time-out 15 ms"_s},
-            {8, 0x8000'0000u | (3u * 16 | 15 | 26 * 64 | 0x1000 | 2 * 0x2000) << 16 | 0x80 | 42, 0x3F,
-             u"new form, bus 0, all devices, receiver 38 kHz external on channel 2 (26), calibration every "
-             "75, IR time-out 250 ms, tolerance 680 µs, no sort, B&O, toggle bit mapped out, long presses"_s},
-            {3, 0x8000'0000u | (8u | 5 * 64 | 7 * 2048 | 16384) << 16 | 12 << 8 | 0x80 | 76, 1,
-             u"new form, bus 12, local device, receiver 455 kHz plasma (5), calibration none, IR time-out "
-             "5 ms, tolerance 960 µs, no sort, B&O, toggle bit mapped out"_s},
-            {4, 0x0800'0080u | 3 << 16 | 99, 0x40,
-             u"odd: the address is none; the time-out code is 3; bits 27 and 28 aren't 0 and 1; bits 0 and 2 "
-             "of the flags hold 0 and not 5; bits 6 and 7 of the flags aren't 0"_s}};
-        for (const auto& [netcommand, param, flags, words] : rows) {
-            const QString found =
-                ReadLearnParam(
-                    Decode<CommandRequest>(Request(netcommand, QByteArray(1, char(flags)), "x", param)))
-                    .Words();
-            QVERIFY2(found.endsWith(words), qPrintable(found));
-        }
-    }
-
-    void LargeWorld() {
-        QString error;
-        World world = World::LivingRoom();
-        const auto read = [&](const QStringList& options) {
-            return ReadOptions<AddWorldOptions, ReadWorldOptions>(options, world, error);
-        };
-        QVERIFY(!read({u"--commands=-1"_s}));
-        QCOMPARE(error, u"--commands: \"-1\" is not a number from 0 to 32767"_s);
-        QVERIFY(read({u"--remotes=500"_s, u"--commands=1000"_s}));
-        QCOMPARE(world.remotes.size(), size_t(500));
-        QCOMPARE(world.remotes[8].commands.size(), size_t(1000));
-        QCOMPARE(*world.FindCode(u"alle Befehle"_s, u"Befehl 1000"_s), u"RC5 09 3E7"_s);
     }
 
 private:

@@ -105,17 +105,3 @@ template <auto add, auto read, class... More> auto ReadOptions(const QStringList
     parser.parse(QStringList(QStringLiteral("program")) + options);
     return read(parser, more...);
 }
-
-inline int TypeOf(const QByteArray& frame) {
-    return frame.size() < 8 ? -1 : frame[6];
-}
-
-/// The text of a ResultReply.
-inline QByteArray ResultText(const QByteArray& frame) {
-    return TypeOf(frame) == 1 && frame.size() > 16 ? QByteArray(frame.constData() + 16) : QByteArray();
-}
-
-/// One of the 16-bit numbers at the start of a payload.
-inline int Number(const QByteArray& frame, int index) {
-    return qFromLittleEndian<qint16>(frame.constData() + 8 + qsizetype(index) * 2);
-}

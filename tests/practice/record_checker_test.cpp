@@ -1,16 +1,16 @@
-#include "practice/record_checker.h"
+#include "practice_client.h"
 
 #include "practice/describe.h"
+#include "practice/learn_param.h"
+#include "practice/record_checker.h"
 #include "practice/request_table.h"
-#include "support/golden.h"
-#include "support/suite.h"
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
 /// What the row of a request finds, put together.
-QString Faults(const QByteArray& bytes) {
+QString FaultsOf(const QByteArray& bytes) {
     const RequestRow* row = FindRow(bytes);
     if (!row || row->size != bytes.size())
         return u"no row fits"_s;
@@ -28,7 +28,7 @@ private slots:
              {Golden::PressTvPower(), Golden::SetMode(), Golden::LcdText(), Golden::SerialText(),
               Golden::StoreCcf(), Golden::TranslatorMacro(), Golden::DatabaseGlobal(),
               Golden::DatabaseRemote(), Golden::DatabaseBinaryAction()})
-            QCOMPARE(Faults(bytes), QString());
+            QCOMPARE(FaultsOf(bytes), QString());
         QCOMPARE(CheckRecord<CommandRequest>(Golden::LearnAtLimits()), QStringList());
     }
 
@@ -57,7 +57,7 @@ private slots:
             {Golden::DatabaseBinaryAction(), 391, nul, u"byte 391 is 0x00 behind the 5 in use"_s},
         };
         for (const auto& [golden, at, bytes, words] : rows) {
-            const QString found = Faults(QByteArray(golden).replace(at, bytes.size(), bytes));
+            const QString found = FaultsOf(QByteArray(golden).replace(at, bytes.size(), bytes));
             QVERIFY2(found.contains(words), qPrintable(found));
         }
     }
@@ -67,11 +67,11 @@ private slots:
         QByteArray learn = Golden::LearnAtLimits();
         for (const char flag : {'\0', '\x01', '\x3F'}) {
             learn.replace(12, 80, QByteArray(1, flag) + '\0' + QByteArray(78, ' '));
-            QCOMPARE(Faults(learn), QString());
+            QCOMPARE(FaultsOf(learn), QString());
         }
         learn[14] = 'x';
-        QVERIFY(Faults(learn).contains(u"field \"remote\" (offset 12): byte 14"));
-        QVERIFY(Faults(Golden::LearnAtLimits()).contains(u"more than one character"));
+        QVERIFY(FaultsOf(learn).contains(u"field \"remote\" (offset 12): byte 14"));
+        QVERIFY(FaultsOf(Golden::LearnAtLimits()).contains(u"more than one character"));
     }
 
     void SendParamInWords() {
@@ -84,6 +84,28 @@ private slots:
             DescribeSendParam(0x4000FFFF | 1 << 27),
             u"all buses, no mask (FFFF is named in vain), LED default (bits 27 to 29 hold 1, but bit 31 is "
             "clear)"_s);
+    }
+
+    void ParametersInWords() {
+        const std::tuple<int, quint32, int, QString> rows[] = {
+            {4, (128u | 32 | 9) << 16 | 2 << 8 | 7, 0,
+             u"old form, bus 2, address 7, receiver 455 kHz, calibration every 10, IR time-out 15 ms"_s},
+            {8, 0x8000'0000u | (3u * 16 | 15 | 26 * 64 | 0x1000 | 2 * 0x2000) << 16 | 0x80 | 42, 0x3F,
+             u"new form, bus 0, all devices, receiver 38 kHz external on channel 2 (26), calibration every "
+             "75, IR time-out 250 ms, tolerance 680 µs, no sort, B&O, toggle bit mapped out, long presses"_s},
+            {3, 0x8000'0000u | (8u | 5 * 64 | 7 * 2048 | 16384) << 16 | 12 << 8 | 0x80 | 76, 1,
+             u"new form, bus 12, local device, receiver 455 kHz plasma (5), calibration none, IR time-out "
+             "5 ms, tolerance 960 µs, no sort, B&O, toggle bit mapped out"_s},
+            {4, 0x0800'0080u | 3 << 16 | 99, 0x40,
+             u"odd: the address is none; the time-out code is 3; bits 27 and 28 aren't 0 and 1; bits 0 and 2 "
+             "of the flags hold 0 and not 5; bits 6 and 7 of the flags aren't 0"_s}};
+        for (const auto& [netcommand, param, flags, words] : rows) {
+            const QString found =
+                ReadLearnParam(
+                    Decode<CommandRequest>(Request(netcommand, QByteArray(1, char(flags)), "x", param)))
+                    .Words();
+            QVERIFY2(found.endsWith(words), qPrintable(found));
+        }
     }
 };
 
