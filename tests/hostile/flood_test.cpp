@@ -94,16 +94,13 @@ private:
         rig.CloseAll();
         QTRY_VERIFY(!rig.Window().findChild<Form*>(u"frmSendFree"_s));
         rig.server.answer = {};
+        rig.Play({}); // what was under way has asked for more, in vain
         rig.Sent();
         rig.Window().activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&rig.Window()));
-        QSignalSpy acknowledged(&rig.Link(), &Session::Acknowledged);
         rig.Button("cmdRem(1)")->setEnabled(true); // a check may have found it unknown
         QTest::mouseClick(rig.Button("cmdRem(1)"), Qt::LeftButton);
         QCOMPARE(rig.Sent(), u"1 tv/power 1073741824"_s);
-        rig.Play(Raw::Ack());
-        QCOMPARE(acknowledged.size(), 1);
-
         QVERIFY(rig.Open(DialogOf("frmSendFree")));
         QCOMPARE(rig.Sent(), u"18 / 0"_s);
         rig.Play(Raw::Page(6, 0, 2, 3, 1, Raw::Name("a") + Raw::Name("b")));
@@ -111,8 +108,7 @@ private:
         rig.Play(Raw::Page(6, 2, 1, 3, 0, Raw::Name("c")));
         const auto* list = rig.Find<QComboBox>("txtRemote");
         QCOMPARE(list->count(), 3);
-        QCOMPARE(list->itemText(0) + list->itemText(2), u"ac"_s);
-        QCOMPARE(list->currentText(), u"typed"_s);
+        QCOMPARE(list->itemText(0) + list->itemText(2) + list->currentText(), u"actyped"_s);
         QVERIFY(!rig.CurrentBox());
         rig.CloseAll();
     }
@@ -255,7 +251,8 @@ private slots:
         QVERIFY(rig.Open(DialogOf(form)));
         if (auto* load = rig.Button("cmdLoad"))
             load->click();
-        for (int seen = -1; std::exchange(seen, requests) != requests && requests <= Liars[liar].second;)
+        int seen = -1;
+        for (int looks = 0; looks < 15 && std::exchange(seen, requests) != requests; ++looks)
             QTest::qWait(100);
         QCOMPARE(nameless, 0);
         QVERIFY2(requests <= Liars[liar].second, qPrintable(QString::number(requests)));
@@ -265,7 +262,7 @@ private slots:
         StillWorks(rig);
     }
 
-    /// The lists, a store and a load of both editors, and a held button, at a server that says all twice.
+    /// The lists of four dialogs, at a server that says all twice.
     void Twice() {
         PracticeServer practice;
         QVERIFY(practice.Listen());

@@ -46,6 +46,8 @@ private slots:
             QCOMPARE(page.sliced(6, 10), QByteArray::fromHex(head));
             QCOMPARE(page.sliced(16), elements);
         };
+        constexpr qsizetype firstPage = 4080;    // bytes of 30 elements
+        constexpr qsizetype firstEntries = 4704; // of 12
         QByteArray elements;
         QByteArray entries;
         for (int i = 0; i < 31; ++i)
@@ -57,11 +59,11 @@ private slots:
         QCOMPARE(client.Told(32 + 15 + 2), Acks(32 + 15 + 2));
         client.socket.write(Request(21, "b\374ro") + Request(21, {}, {}, 30) + Request(49, "Garten") +
                             Request(49, {}, {}, 1) + Request(49, {}, {}, 13) + Request(49, "leer"));
-        check("0800 0000 1E00 1F00 0100", elements.first(30 * 136));
-        check("0800 1E00 0100 1F00 0000", elements.sliced(30 * 136));
+        check("0800 0000 1E00 1F00 0100", elements.first(firstPage));
+        check("0800 1E00 0100 1F00 0000", elements.sliced(firstPage));
         check("0F00 0000 0100 0E00 0100", Golden::DatabaseGlobal());
-        check("0F00 0100 0C00 0E00 0100", entries.first(12 * 392));
-        check("0F00 0D00 0100 0E00 0000", entries.sliced(12 * 392));
+        check("0F00 0100 0C00 0E00 0100", entries.first(firstEntries));
+        check("0F00 0D00 0100 0E00 0000", entries.sliced(firstEntries));
         check("0F00 0000 0100 0100 0000", Golden::DatabaseGlobal());
         client.socket.write(Request(51) + Request(52) + Request(21, "none"));
         QCOMPARE(
