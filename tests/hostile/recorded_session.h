@@ -65,7 +65,8 @@ private:
         QTcpSocket* client = listener.nextPendingConnection();
         if (client == nullptr)
             return;
-        link.reset(new Link{next});
+        link = std::make_unique<Link>();
+        link->script = next;
         link->client.reset(client);
         client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
         if (next.played == nullptr) {
