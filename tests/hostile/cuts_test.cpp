@@ -1,8 +1,7 @@
 #include "hostile/recorded_session.h"
 
-#include "app/program_rig.h"
 #include "link/capabilities.h"
-#include "practice/practice_server.h"
+#include "support/practice_rig.h"
 
 #include <QComboBox>
 #include <QElapsedTimer>
@@ -78,10 +77,10 @@ class Painter : public QObject {
 };
 
 /// The program and a server, with a recorder between them.
-class Stage : public ProgramRig {
+class Stage : public PracticeRig {
 public:
     Stage(const QString& layout, const QString& firmware, quint32 capabilities)
-        : ProgramRig(layout) {
+        : PracticeRig(layout) {
         practice.GetWorld() = SmallWorld(firmware, capabilities);
         practice.GetOutcomes().learnTime = 5;
         options.port = relay.Port();
@@ -144,8 +143,8 @@ public:
             for (; step != scene.steps.end() && Heard(step->signal) >= step->count; ++step)
                 if (Heard("LinkFailed") == 0)
                     step->act();
-            if (relay.ending == Ending::Holds ? step == scene.steps.end() : Heard("LinkFailed") > 0)
-                return Heard("LinkFailed") == (relay.ending == Ending::Holds ? 0 : 1);
+            if (relay.next.ending == Ending::Holds ? step == scene.steps.end() : Heard("LinkFailed") > 0)
+                return Heard("LinkFailed") == (relay.next.ending == Ending::Holds ? 0 : 1);
         }
         return false;
     }
@@ -154,8 +153,7 @@ public:
     bool Works(Scene& scene, bool stays = false) {
         if (scene.opens != nullptr && Shown(scene.form) == nullptr && !Works(*scene.opens, true))
             return false;
-        relay.ending = Ending::Holds;
-        relay.played = scene.recording.empty() ? nullptr : &scene.recording;
+        relay.next = {scene.recording.empty() ? nullptr : &scene.recording};
         return Play(scene) && (stays || scene.opens != nullptr || Close(scene));
     }
 
@@ -165,8 +163,7 @@ public:
         const auto readBoxes = [&] {
             while (QMessageBox* box = CurrentBox()) {
                 told += box->windowTitle() + u": "_s + box->text();
-                auto* cancel = box->button(QMessageBox::Cancel);
-                (cancel != nullptr ? cancel : box->button(QMessageBox::Ok))->click();
+                box->reject();
             }
         };
         readBoxes();
@@ -178,8 +175,7 @@ public:
                      timer->objectName());
         Turn();
         readBoxes();
-        if (std::count_if(told.begin(), told.end(), [](auto& box) { return box.startsWith(u"Calvoris"); }) !=
-            1)
+        if (told.join(u'|').count(u"Calvoris: ") != 1)
             return u"told: "_s + told.join(u" | "_s);
         if (Heard("SendFailed") > 0 || Window().findChild<PanelSending*>()->HeldButton() != -1 ||
             Shown(u"frmTranslatorWait"_s) != nullptr)
@@ -212,27 +208,20 @@ public:
         for (qsizetype cut = 0; cut <= size; ++cut)
             for (const int way : {0, 1, 2, 3}) {
                 const bool isEnd = ends.contains(cut);
-                relay.atOnce = way % 2 != 0;
-                if (relay.atOnce ? !isEnd : cut == size)
+                const bool atOnce = way % 2 != 0;
+                if (atOnce ? !isEnd : cut == size)
                     continue;
-                relay.played = &scene.recording;
-                relay.ending = way < 2 ? Ending::Close : Ending::Reset;
-                relay.cut = cut;
+                relay.next = {&scene.recording, way < 2 ? Ending::Close : Ending::Reset, cut, atOnce};
                 QString fault = Play(scene) ? Fault(scene) : u"no cut"_s;
                 if (fault.isNull() && isEnd && !(Close(scene) && Works(scene)))
                     fault = u"it doesn't work any more"_s;
                 if (!fault.isNull())
-                    QFAIL(qPrintable(u"%1, way %2, byte %3 of %4: %5"_s.arg(scene.form)
-                                         .arg(way)
-                                         .arg(cut)
-                                         .arg(size)
-                                         .arg(fault)));
+                    QFAIL(qPrintable(scene.form + u", way %1, byte %2 of %3: "_s.arg(way).arg(cut).arg(size) +
+                                     fault));
             }
     }
 
     Painter painter;
-    PracticeServer practice;
-    const bool listens = practice.Listen();
     RecordedSession relay{practice.Port()};
     std::map<QByteArray, std::unique_ptr<QSignalSpy>> spies;
 };

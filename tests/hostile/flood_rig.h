@@ -2,7 +2,6 @@
 
 #include "app/program_rig.h"
 #include "forms/form.h"
-#include "link/replies.h"
 
 #include <QDeadlineTimer>
 #include <QSignalSpy>
@@ -99,16 +98,10 @@ struct Flood {
     int times;
 };
 
-inline QByteArray StatusPage(int firstBus, int total, int devices = 0) {
-    QByteArray page(StatusHead::PageSize, '\0');
-    page[2] = char(firstBus);
-    page[3] = char(total);
-    DeviceEntry entry;
-    entry.Version = QStringLiteral("T5.20.01");
-    entry.Capabilities = 0x82000200; // translator, database, pages
-    for (int i = 0; i < devices; ++i)
-        page.replace(StatusHead::EntryOffset(0, i), DeviceEntry::Size, Encode(entry));
-    return Raw::Reply(24, page);
+/// With a translator, a database and page files.
+inline QByteArray Status() {
+    const QByteArray entry = Raw::Entry("T5.20.01", 0x82000200);
+    return Raw::StatusPage(0, 1, {{0, 0, entry}, {0, 1, entry}});
 }
 
 inline std::vector<Flood> Floods() {
@@ -134,9 +127,9 @@ inline std::vector<Flood> Floods() {
         {"page files", Raw::TextFrame("RESULT_HTML_FILELIST " + QByteArray("a;1;2;").repeated(16'000)), 10},
         {"page flashes", Raw::TextFrame("RESULT_HTML_FLASH Eno").repeated(100), 10},
         {"log lines", Raw::Log(QByteArray(32'000, '\n')), 30},
-        {"status", StatusPage(0, 1, 2), 30},
-        {"status of no end", StatusPage(0, 255), 30},
-        {"status of nothing", StatusPage(0, 0), 30},
+        {"status", Status(), 30},
+        {"status of no end", Raw::StatusPage(0, 255), 30},
+        {"status of nothing", Raw::StatusPage(0, 0), 30},
     };
     struct Lie {
         const char* name;
@@ -173,7 +166,7 @@ struct FloodRig : ProgramRig {
             return true;
         Action(dialog.entry)->trigger();
         if (dialog.needsStatus)
-            server.Play(StatusPage(0, 1, 2));
+            server.Play(Status());
         const bool isOpen = QTest::qWaitFor([&] { return Find<Form>(dialog.form) != nullptr; });
         if (auto* box = TypedBox(dialog))
             box->setProperty(Property(box), QStringLiteral("typed"));

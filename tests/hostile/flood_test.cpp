@@ -16,59 +16,29 @@ constexpr double LongestTurn = FloodWatch::IsSanitized ? 800 : 100;
 /// With sanitizers a fifth of it, to save time.
 constexpr int LogBytes = FloodWatch::IsSanitized ? 20'000'000 : 100'000'000;
 
-/// A server that lies about the pages of its lists. `page` gives offset, count, total and more of the page
-/// that answers a request for the one at `index`; `most` requests are sound.
-struct Liar {
-    const char* name;
-    std::array<int, 4> (*page)(int index, int perPage);
-    int most;
-};
+/// Servers that lie about the pages of their lists: their names, and how many requests to them are sound.
+enum Liar { NoEnd, RoundAndRound, BackAndForth, Overlaps, Gaps, NothingMore, Negative, Shrinks };
+const std::pair<const char*, int> Liars[] = {
+    {"no end", 32767}, {"round and round", 20}, {"back and forth", 20}, {"overlaps", 3000},
+    {"gaps", 1200},    {"nothing more", 20},    {"negative", 20},       {"shrinks", 3000}};
 
-const Liar Liars[] = {
-    {"no end",
-     [](int index, int count) {
-         return std::array{index, count, 32767, 1};
-     },
-     32767},
-    {"round and round",
-     [](int, int count) {
-         return std::array{0, count, 32767, 1};
-     },
-     20},
-    {"back and forth",
-     [](int index, int count) {
-         return std::array{qMin(index, 40), count, 32767, 1};
-     },
-     20},
-    {"overlaps",
-     [](int index, int count) {
-         return std::array{index - 1, count, 32767, 1};
-     },
-     3000},
-    {"gaps",
-     [](int index, int count) {
-         return std::array{index + 3 * count, count, 32767, 1};
-     },
-     1200},
-    {"nothing more",
-     [](int index, int) {
-         return std::array{index, 0, 32767, 1};
-     },
-     20},
-    {"negative",
-     [](int index, int) {
-         return std::array{index, -5, -5, 1};
-     },
-     20},
-    {"shrinks",
-     [](int at, int count) {
-         return std::array{at, count, at > 0 ? 1 : 90, 1};
-     },
-     3000},
-};
+/// Offset, count, total and more of the page that answers a request for the one at `at`.
+std::array<int, 4> HeadOf(Liar liar, int at, int count) {
+    switch (liar) {
+    case NoEnd: break;
+    case RoundAndRound: return {0, count, 32767, 1};
+    case BackAndForth: return {qMin(at, 40), count, 32767, 1};
+    case Overlaps: return {at - 1, count, 32767, 1};
+    case Gaps: return {at + 3 * count, count, 32767, 1};
+    case NothingMore: return {at, 0, 32767, 1};
+    case Negative: return {at, -5, -5, 1};
+    case Shrinks: return {at, count, at > 0 ? 1 : 90, 1};
+    }
+    return {at, count, 32767, 1};
+}
 
 /// What the server with this lie answers to a request, as FakeServer describes it; empty for other requests.
-QByteArray Lie(const Liar& liar, const QString& record) {
+QByteArray Lie(Liar liar, const QString& record) {
     struct Kind {
         int request, type, perPage;
     };
@@ -77,7 +47,7 @@ QByteArray Lie(const Liar& liar, const QString& record) {
         if (!record.startsWith(QString::number(kind.request) + u' '))
             continue;
         const int index = record.section(u' ', -1).toInt();
-        const auto [offset, count, total, more] = liar.page(index, kind.perPage);
+        const auto [offset, count, total, more] = HeadOf(liar, index, kind.perPage);
         QByteArray elements;
         for (int i = 0; i < count; ++i) {
             const QString name = u"n%1"_s.arg(offset + i);
@@ -124,16 +94,13 @@ private:
         rig.CloseAll();
         QTRY_VERIFY(!rig.Window().findChild<Form*>(u"frmSendFree"_s));
         rig.server.answer = {};
+        rig.Play({}); // what was under way has asked for more, in vain
         rig.Sent();
         rig.Window().activateWindow();
         QVERIFY(QTest::qWaitForWindowActive(&rig.Window()));
-        QSignalSpy acknowledged(&rig.Link(), &Session::Acknowledged);
         rig.Button("cmdRem(1)")->setEnabled(true); // a check may have found it unknown
         QTest::mouseClick(rig.Button("cmdRem(1)"), Qt::LeftButton);
         QCOMPARE(rig.Sent(), u"1 tv/power 1073741824"_s);
-        rig.Play(Raw::Ack());
-        QCOMPARE(acknowledged.size(), 1);
-
         QVERIFY(rig.Open(DialogOf("frmSendFree")));
         QCOMPARE(rig.Sent(), u"18 / 0"_s);
         rig.Play(Raw::Page(6, 0, 2, 3, 1, Raw::Name("a") + Raw::Name("b")));
@@ -141,14 +108,13 @@ private:
         rig.Play(Raw::Page(6, 2, 1, 3, 0, Raw::Name("c")));
         const auto* list = rig.Find<QComboBox>("txtRemote");
         QCOMPARE(list->count(), 3);
-        QCOMPARE(list->itemText(0) + list->itemText(2), u"ac"_s);
-        QCOMPARE(list->currentText(), u"typed"_s);
+        QCOMPARE(list->itemText(0) + list->itemText(2) + list->currentText(), u"actyped"_s);
         QVERIFY(!rig.CurrentBox());
         rig.CloseAll();
     }
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void Pour_data() {
         QTest::addColumn<int>("dialog");
@@ -262,7 +228,7 @@ private slots:
         QTest::addColumn<int>("liar");
         for (const char* form : {"frmSendFree", "frmProgramm", "frmTranslator", "frmDeviceDB"})
             for (int i = 0; i < int(std::size(Liars)); ++i)
-                QTest::addRow("%s %s", form, Liars[i].name) << QByteArray(form) << i;
+                QTest::addRow("%s %s", form, Liars[i].first) << QByteArray(form) << i;
     }
     /// A server that answers all requests for pages, with lies.
     void Lies() {
@@ -274,7 +240,7 @@ private slots:
         int requests = 0;
         int nameless = 0; // for the commands of no remote
         rig.server.answer = [&](const QString& record) {
-            const QByteArray lie = Lie(Liars[liar], record);
+            const QByteArray lie = Lie(Liar(liar), record);
             answered += lie.size();
             ++requests;
             nameless += record == u"19 / 0" ? 1 : 0;
@@ -289,14 +255,14 @@ private slots:
         for (int looks = 0; looks < 15 && std::exchange(seen, requests) != requests; ++looks)
             QTest::qWait(100);
         QCOMPARE(nameless, 0);
-        QVERIFY2(requests <= Liars[liar].most, qPrintable(QString::number(requests)));
+        QVERIFY2(requests <= Liars[liar].second, qPrintable(QString::number(requests)));
         // The names of a list stand in trees and lists, at several times their bytes.
-        Check(rig, watch, Liars[liar].name, 4 * answered);
+        Check(rig, watch, Liars[liar].first, 4 * answered);
         QCOMPARE(rig.Typed(DialogOf(form)), u"typed"_s);
         StillWorks(rig);
     }
 
-    /// The lists, a store and a load of both editors, and a held button, at a server that says all twice.
+    /// The lists of four dialogs, at a server that says all twice.
     void Twice() {
         PracticeServer practice;
         QVERIFY(practice.Listen());

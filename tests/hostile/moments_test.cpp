@@ -1,6 +1,5 @@
-#include "app/program_rig.h"
 #include "forms/keyed_tree_view.h"
-#include "practice/practice_server.h"
+#include "support/practice_rig.h"
 
 #include <QContextMenuEvent>
 #include <QDrag>
@@ -57,11 +56,9 @@ translator, right tvwConfig, pops; database, select tvwRemotes Rtv, right tvwRem
 menu mnuModus(18) frmIP, right txtIP, pops; translator, drop cmbRemotes, pops; learn, drop txtRemote, pops)"_s;
 
 /// The whole program against the practice server, on its way to a moment at which it ends.
-struct Scene : ProgramRig {
+struct Scene : PracticeRig {
     Scene()
-        : ProgramRig(Layout) {
-        isThere = practice.Listen();
-        options.port = practice.Port();
+        : PracticeRig(Layout) {
         QObject::connect(&practice, &PracticeServer::RecordReceived, &practice,
                          [this](const QByteArray& record) { sent += record[0]; });
         Start();
@@ -120,12 +117,11 @@ struct Scene : ProgramRig {
             ends();
     }
 
-    PracticeServer practice;
     QByteArray sent; ///< the netcommands that the server has got
     QStringList told;
     std::function<void()> ending;
     std::unique_ptr<QPointingDevice> finger{QTest::createTouchDevice()};
-    bool isThere = false; ///< at the moment, or on the way to it
+    bool isThere = true; ///< at the moment, or on the way to it
 };
 
 using Text = const QString&;
@@ -233,7 +229,7 @@ class MomentsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void Ends_data() {
         QTest::addColumn<int>("ending");

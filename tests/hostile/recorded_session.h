@@ -21,8 +21,16 @@ using Recording = std::vector<RecordedFrame>;
 
 enum class Ending { Holds, Close, Reset };
 
+/// What is said to a client, and how its connection ends.
+struct Script {
+    const Recording* played = nullptr; ///< null: the server itself speaks, and is recorded
+    Ending ending = Ending::Holds;
+    qsizetype cut = 0;  ///< bytes before the end
+    bool atOnce = true; ///< it ends behind the last byte; else when the next one would have to follow
+};
+
 /// Stands between a client and a server and writes down what the server says; or says it again, each frame
-/// when what preceded it has come, and dies at a given byte. All settings are those of the next connection.
+/// when what preceded it has come, and dies at a given byte.
 class RecordedSession {
 public:
     explicit RecordedSession(quint16 serverPort)
@@ -33,29 +41,17 @@ public:
 
     quint16 Port() const { return listener.serverPort(); }
 
-    const Recording* played = nullptr; ///< null: the server itself speaks, and is recorded
-    Ending ending = Ending::Holds;
-    qsizetype cut = 0;  ///< bytes before the end
-    bool atOnce = true; ///< it ends behind the last byte; else when the next one would have to follow
+    Script next; ///< of the next connection
     Recording recorded;
 
 private:
     struct Link {
-        explicit Link(const RecordedSession& from)
-            : played(from.played)
-            , ending(from.ending)
-            , cut(from.cut)
-            , atOnce(from.atOnce) {}
-
-        const Recording* played;
-        Ending ending;
-        qsizetype cut;
-        bool atOnce;
+        Script script;
         std::unique_ptr<QTcpSocket, void (*)(QTcpSocket*)> client{nullptr, Drop};
         std::unique_ptr<QTcpSocket, void (*)(QTcpSocket*)> server{nullptr, Drop};
         qsizetype received = 0;
         qsizetype sent = 0;
-        size_t next = 0;
+        size_t frame = 0;
         QByteArray held; ///< of the server's next frame
     };
 
@@ -69,10 +65,11 @@ private:
         QTcpSocket* client = listener.nextPendingConnection();
         if (client == nullptr)
             return;
-        link = std::make_unique<Link>(*this);
+        link = std::make_unique<Link>();
+        link->script = next;
         link->client.reset(client);
         client->setSocketOption(QAbstractSocket::LowDelayOption, 1);
-        if (played == nullptr) {
+        if (next.played == nullptr) {
             recorded.clear();
             link->server.reset(new QTcpSocket);
             link->server->setProxy(QNetworkProxy::NoProxy);
@@ -115,20 +112,22 @@ private:
     }
 
     void Play() {
-        const bool cuts = link->ending != Ending::Holds;
-        const auto isDue = [this] {
-            return link->next < link->played->size() && link->received >= (*link->played)[link->next].after;
+        const Script& script = link->script;
+        const bool cuts = script.ending != Ending::Holds;
+        const auto isDue = [&] {
+            return link->frame < script.played->size() &&
+                   link->received >= (*script.played)[link->frame].after;
         };
-        while (isDue() && !(cuts && link->sent == link->cut)) {
-            const QByteArray& bytes = (*link->played)[link->next].bytes;
-            const auto count = cuts ? std::min(bytes.size(), link->cut - link->sent) : bytes.size();
+        while (isDue() && !(cuts && link->sent == script.cut)) {
+            const QByteArray& bytes = (*script.played)[link->frame].bytes;
+            const auto count = cuts ? std::min(bytes.size(), script.cut - link->sent) : bytes.size();
             link->client->write(bytes.constData(), count);
             link->sent += count;
             if (count < bytes.size())
                 return Cut();
-            ++link->next;
+            ++link->frame;
         }
-        if (cuts && link->sent == link->cut && (link->atOnce || isDue()))
+        if (cuts && link->sent == script.cut && (script.atOnce || isDue()))
             Cut();
     }
 
@@ -136,7 +135,7 @@ private:
         QTcpSocket* client = link->client.get();
         client->disconnect();
         client->flush();
-        if (link->ending == Ending::Close)
+        if (link->script.ending == Ending::Close)
             return client->disconnectFromHost();
         const linger none{1, 0}; // closed like this, a socket sends a reset
         setsockopt(int(client->socketDescriptor()), SOL_SOCKET, SO_LINGER, &none, sizeof none);

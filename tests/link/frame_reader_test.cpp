@@ -95,6 +95,12 @@ private slots:
         for (const int length : {1, 2, 3, 7, 8, 9, 1000})
             QVERIFY2(FeedAll(reader, MixedStream(), length) == MixedLog(),
                      qPrintable(QStringLiteral("pieces of %1").arg(length)));
+        const QByteArray stream = Ascii("**00010 ok") + ResultFrame() + Ascii("**00008x");
+        for (qsizetype cut = 0; cut <= stream.size(); ++cut) {
+            Log log = Feed(reader, stream.first(cut));
+            log += Feed(reader, stream.sliced(cut));
+            QCOMPARE(log, Log{"text: ok"} + ResultLog() + Log{"text: "});
+        }
     }
 
     void BrokenHeaders() {
@@ -130,8 +136,8 @@ private slots:
                 Log{"text: " + text} + ResultLog());
     }
 
-    /// A reader that stops between two replies, as it does behind a dialog, finds the second one where it
-    /// was. A header comes before its payload; a frame that lies whole in the input isn't copied.
+    /// A reader that stops between two replies, as a pass does whose time is up, finds the second one where
+    /// it was. A header comes before its payload; a frame that lies whole in the input isn't copied.
     void TakesOneEventAtATime() {
         const QByteArray first = ResultFrame();
         const QByteArray second = Ascii("**00010 ok");

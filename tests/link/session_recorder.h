@@ -17,18 +17,24 @@ inline QString SentTo(FakeServer& server, Session& session) {
     return log;
 }
 
-/// A session that is connected to a server over a real socket.
-struct LinkedSession {
-    LinkedSession() {
+/// A session that knows its server, over a real socket.
+struct ServedSession {
+    ServedSession() {
         session.RemoteHost = FakeServer::Host();
         session.RemotePort = server.Port();
-        session.Connect();
-        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
-            qFatal("no connection on the loopback");
     }
 
     FakeServer server;
     Session session;
+};
+
+/// A session that is connected.
+struct LinkedSession : ServedSession {
+    LinkedSession() {
+        session.Connect();
+        if (!QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }))
+            qFatal("no connection on the loopback");
+    }
 };
 
 /// Writes down a session's signals, one line each.
@@ -58,8 +64,14 @@ public:
             return u"memory %1 %2 %3"_s.arg(r.usage, r.size).arg(fits);
         });
         On(&S::LearnWaitEnded, [] { return u"wait ended"_s; });
-        On(&S::LearnStateReceived,
-           [](const LearnStateReply& r) { return u"learn %1 %2"_s.arg(r.Remote).arg(r.Flags); });
+        On(&S::LearnStateReceived, [](const LearnStateReply& r) {
+            return u"learn %1 %2 %3 kHz %4/%5 %6"_s.arg(r.Remote)
+                .arg(r.Flags)
+                .arg(r.Carrier)
+                .arg(r.TimingCount)
+                .arg(r.CommandCount)
+                .arg(r.Code);
+        });
         On(&S::ServerVersionReceived, [](const QString& version) { return u"version "_s + version; });
         On(&S::NamesReady, [this](ReplyType type) {
             return u"names %1: %2 = %3"_s.arg(int(type))
@@ -104,12 +116,12 @@ public:
 protected:
     QStringList lines;
 
-private:
     template <class... Arguments, class Line> void On(void (Session::*signal)(Arguments...), Line line) {
         QObject::connect(&session, signal, &session,
                          [this, line](Arguments... arguments) { lines += line(arguments...); });
     }
 
+private:
     Session& session;
 };
 

@@ -1,8 +1,16 @@
 #include "practice_client.h"
 
+#include "practice/world_options.h"
+
 #include <QElapsedTimer>
 
 using namespace Qt::StringLiterals;
+
+namespace {
+
+const QString Press = u"ack; code tv|power|RC5 01 00"_s;
+
+} // namespace
 
 class FaultsTest : public QObject {
     Q_OBJECT
@@ -10,8 +18,7 @@ class FaultsTest : public QObject {
 private slots:
     void Pieces() {
         Start({.pieceSize = 40});
-        QCOMPARE(client->Frame().size(), 8);
-        QCOMPARE(client->Frame().size(), 312);
+        QCOMPARE(client->Told(2), Press);
         QVERIFY(client->arrivals > 2);
     }
 
@@ -19,15 +26,23 @@ private slots:
         QElapsedTimer clock;
         clock.start();
         Start({.delay = 60});
-        QCOMPARE(client->Frame().size(), 8);
-        QVERIFY(clock.elapsed() >= 60);
-        QCOMPARE(client->Frame().size(), 312);
+        QCOMPARE(client->Told(2), Press);
         QVERIFY(clock.elapsed() >= 120);
     }
 
-    void Refusal() {
+    void WrongAnswers() {
         Start({.refused = {u"tv/power"_s}});
-        QCOMPARE(ResultText(client->Frame()), QByteArray("\"power\" of \"tv\" could not be sent."));
+        QCOMPARE(client->Told(1), u"error 6/0 \"power\" of \"tv\" could not be sent."_s);
+        // The texts must lie where the client looks for them.
+        Start({.logsBefore = 2});
+        const QString logs = u"log <practice log 1 of 2\r\n>; log <practice log 2 of 2\r\n>; "_s;
+        QCOMPARE(client->Told(6), logs + u"ack; "_s + logs + Press.sliced(5));
+        Start({.twice = true, .headerFiller = "*+*+"});
+        for (const int size : {8, 8, 312, 312}) {
+            const QByteArray frame = client->Frame();
+            QCOMPARE(frame.size(), size);
+            QVERIFY(frame.startsWith("*+*+"));
+        }
     }
 
     void Silence() {
@@ -45,29 +60,6 @@ private slots:
             Start({.pieceSize = 50, .cut = cut, .cutAnswer = 2, .cutBytes = 100});
             QTRY_COMPARE(client->socket.state(), QTcpSocket::UnconnectedState);
             QCOMPARE(client->received.size(), 8 + 100);
-        }
-    }
-
-    // The text must lie where the client looks for it: from byte 4 on, its end not within the last eight.
-    void LogsBeforeEachAnswer() {
-        Start({.logsBefore = 2});
-        for (const int size : {8, 312}) {
-            for (const char* text : {"practice log 1 of 2\n", "practice log 2 of 2\n"}) {
-                const QByteArray log = client->Frame();
-                QCOMPARE(TypeOf(log), 23);
-                QCOMPARE(QByteArray(log.constData() + 12), QByteArray(text));
-                QVERIFY(log.indexOf('\n') <= log.size() - 8);
-            }
-            QCOMPARE(client->Frame().size(), size);
-        }
-    }
-
-    void TwiceAndFilled() {
-        Start({.twice = true, .headerFiller = "*+*+"});
-        for (const int size : {8, 8, 312, 312}) {
-            const QByteArray frame = client->Frame();
-            QCOMPARE(frame.size(), size);
-            QVERIFY(frame.startsWith("*+*+"));
         }
     }
 
@@ -91,32 +83,38 @@ private slots:
         };
         const auto faults = read({u"--pieces=3"_s, u"--silent-for=16"_s, u"--silent-for=60"_s,
                                   u"--reset=2:100"_s, u"--filler=00FF2A2A"_s, u"--refuse=tv/power"_s});
-        QVERIFY(faults);
-        QCOMPARE(faults->pieceSize, 3);
+        QVERIFY(faults && faults->pieceSize == 3 && faults->refused == QStringList(u"tv/power"_s));
         QCOMPARE(faults->silentFor, (QSet<quint8>{16, 60}));
-        QCOMPARE(faults->cut, Faults::Cut::Reset);
-        QCOMPARE(faults->cutAnswer, 2);
-        QCOMPARE(faults->cutBytes, 100);
+        QVERIFY(faults->cut == Faults::Cut::Reset && faults->cutAnswer == 2 && faults->cutBytes == 100);
         QCOMPARE(faults->headerFiller, QByteArray("\0\xFF**", 4));
         QVERIFY(!read({u"--filler=2A2A0000"_s}));
         QVERIFY(!read({u"--close=5"_s}));
         QCOMPARE(error, u"--close: \"5\" is not two numbers with a colon between them"_s);
-    }
 
-    void OutcomesOnTheCommandLine() {
-        QString error;
-        const auto read = [&](const QStringList& options) {
+        const auto outcome = [&](const QStringList& options) {
             return ReadOptions<AddOutcomeOptions, ReadOutcomeOptions>(options, error);
         };
-        const auto outcomes = read({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
-                                    u"--refuse-database-element=12"_s, u"--database-words=32768"_s});
-        QVERIFY(outcomes);
-        QCOMPARE(outcomes->learn, Outcomes::Learn::TimesOut);
-        QCOMPARE(outcomes->learnTime, 1200);
+        const auto outcomes = outcome({u"--learn=timeout"_s, u"--refuse-database-element=0"_s,
+                                       u"--refuse-database-element=12"_s, u"--database-words=32768"_s});
+        QVERIFY(outcomes && outcomes->learn == Outcomes::Learn::TimesOut && outcomes->learnTime == 1200);
         QCOMPARE(outcomes->refusedDatabaseElements, (QSet<int>{0, 12}));
         QCOMPARE(outcomes->databaseWords, 32768);
-        QVERIFY(!read({u"--learn=maybe"_s}));
+        QVERIFY(!outcome({u"--learn=maybe"_s}));
         QCOMPARE(error, u"--learn: \"maybe\" is not succeed, fail or timeout"_s);
+    }
+
+    void AWorldOnTheCommandLine() {
+        QString error;
+        World world = World::LivingRoom();
+        const auto read = [&](const QStringList& options) {
+            return ReadOptions<AddWorldOptions, ReadWorldOptions>(options, world, error);
+        };
+        QVERIFY(!read({u"--commands=-1"_s}));
+        QCOMPARE(error, u"--commands: \"-1\" is not a number from 0 to 32767"_s);
+        QVERIFY(read({u"--remotes=500"_s, u"--commands=1000"_s}));
+        QCOMPARE(world.remotes.size(), size_t(500));
+        QCOMPARE(world.remotes[8].commands.size(), size_t(1000));
+        QCOMPARE(*world.FindCode(u"alle Befehle"_s, u"Befehl 1000"_s), u"RC5 09 3E7"_s);
     }
 
 private:

@@ -2,8 +2,8 @@
 
 #include "practice/practice_server.h"
 
+#include "link/session_recorder.h"
 #include "support/golden.h"
-#include "support/suite.h"
 
 #include <QCommandLineParser>
 #include <QNetworkProxy>
@@ -42,9 +42,22 @@ struct PracticeClient {
         return frame;
     }
 
+    /// Takes whole frames, and tells of them as a session's trace does.
+    QString Told(int frames) {
+        for (int i = 0; i < frames; ++i) {
+            const QByteArray frame = Frame();
+            for (QByteArrayView input = frame; !input.isEmpty();)
+                reader.Read(input);
+        }
+        return trace.Said().remove(QStringLiteral("; hold refused"));
+    }
+
     QTcpSocket socket;
     QByteArray received;
     int arrivals = 0;
+    Session session; ///< has no connection
+    SessionTrace trace{session};
+    ReplyReader reader{session};
 };
 
 /// A server with these faults and a client that has sent it the hello and `requests`.
@@ -79,8 +92,8 @@ inline QByteArray Request(int netcommand, const QByteArray& remote = {}, const Q
         Bytes(timeout, 2),
         Bytes(param, 4),
         Hex("D2 00 00 00"),
-        (remote + '\0').leftJustified(80, ' '),
-        (command + '\0').leftJustified(20, ' '),
+        Blanks(remote, 80),
+        Blanks(command, 20),
         Bytes(carrier, 1),
     });
 }
@@ -91,18 +104,4 @@ template <auto add, auto read, class... More> auto ReadOptions(const QStringList
     add(parser);
     parser.parse(QStringList(QStringLiteral("program")) + options);
     return read(parser, more...);
-}
-
-inline int TypeOf(const QByteArray& frame) {
-    return frame.size() < 8 ? -1 : frame[6];
-}
-
-/// The text of a ResultReply.
-inline QByteArray ResultText(const QByteArray& frame) {
-    return TypeOf(frame) == 1 && frame.size() > 16 ? QByteArray(frame.constData() + 16) : QByteArray();
-}
-
-/// One of the 16-bit numbers at the start of a payload.
-inline int Number(const QByteArray& frame, int index) {
-    return qFromLittleEndian<qint16>(frame.constData() + 8 + qsizetype(index) * 2);
 }

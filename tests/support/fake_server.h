@@ -125,6 +125,24 @@ inline QByteArray Bus(const QByteArray& name) {
 inline QByteArray Command(const QByteArray& name) {
     return Field(name, 20);
 }
+/// One device of a status: its bus within the page, its address, and its bytes from the first one on.
+struct Device {
+    int bus;
+    int address;
+    QByteArray entry;
+};
+inline QByteArray Entry(const QByteArray& version, quint32 capabilities = 0) {
+    return Field({}, 12) + I16(int(capabilities)) + I16(int(capabilities >> 16)) + Field({}, 20) + version;
+}
+inline QByteArray StatusPage(int firstBus, int total, const std::vector<Device>& devices = {}) {
+    QByteArray page = Field({}, 2) + char(firstBus) + char(total);
+    for (int bus = 0; bus < 8; ++bus)
+        page += char(firstBus + bus); // the local address
+    page.resize(31756, '\0');
+    for (const auto& [bus, address, entry] : devices)
+        page.replace(12 + (bus * 16 + address) * 248, entry.size(), entry);
+    return Reply(24, page);
+}
 inline QByteArray TextFrame(const QByteArray& text) {
     return "**" + QByteArray::number(text.size() + 8).rightJustified(5, '0') + '!' + text;
 }

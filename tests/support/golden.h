@@ -26,6 +26,14 @@ inline QByteArray Fill(int count, char byte) {
 inline QByteArray Join(std::initializer_list<QByteArray> pieces) {
     return QByteArrayList(pieces).join();
 }
+/// The field of a request: a text and the NUL behind it, filled up with blanks.
+inline QByteArray Blanks(const QByteArray& text, int width) {
+    return (text + '\0').leftJustified(width, ' ');
+}
+/// The field of a reply: a text, filled up with NULs.
+inline QByteArray Nuls(const QByteArray& text, int width) {
+    return text.leftJustified(width, '\0');
+}
 
 // Requests.
 
@@ -39,8 +47,7 @@ QByteArray StoreCcf();        ///< CodeRequest whose names have blanks at both e
 QByteArray TranslatorMacro(); ///< TranslatorRequest
 QByteArray DatabaseGlobal();  ///< IRDBGlobalRecord
 QByteArray DatabaseRemote();  ///< IRDBElementRecord of kind 8, number 1
-QByteArray
-DatabaseBinaryAction(); ///< IRDBElementRecord of kind 13, number 2: five bytes of data, NULs among them
+QByteArray DatabaseBinaryAction(); ///< IRDBElementRecord of kind 13, number 2: five bytes of data, NULs in it
 
 // Replies: a whole bare header, else payloads without their header.
 

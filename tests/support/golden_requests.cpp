@@ -2,205 +2,100 @@
 
 namespace Golden {
 
+// All but the hello begin with netcommand and unnamed bytes, and have the version 210 at offset 8.
+
 QByteArray Hello() {
     return Hex("00 00 00 00");
 }
 
 QByteArray PressTvPower() {
-    return Join({
-        Hex("01"),                                  // netcommand: send a command
-        Hex("00"),                                  // unnamed
-        Hex("00 00"),                               // timeout, none stored yet
-        Hex("03 01 00 00"),                         // param 0x103
-        Hex("D2 00 00 00"),                         // version 210
-        Ascii("tv") + Hex("00") + Fill(77, ' '),    // remote
-        Ascii("power") + Hex("00") + Fill(14, ' '), // command
-        Hex("00"),                                  // carrier, none stored yet
-    });
+    return Hex("01 00 0000 03010000 D2000000") +    // send a command, no timeout yet, param 0x103
+           Blanks("tv", 80) + Blanks("power", 20) + // remote, command
+           Hex("00");                               // carrier, none stored yet
 }
 
 QByteArray LearnAtLimits() {
-    return Join({
-        Hex("0D"),                               // netcommand: learn RAW repeat
-        Hex("00"),                               // unnamed
-        Hex("30 75"),                            // timeout 30000 ms
-        Hex("FE 03 00 80"),                      // param 0x800003FE
-        Hex("D2 00 00 00"),                      // version 210
-        Ascii("K") + Hex("FC") + Ascii("che-"),  // remote: "Küche-",
-        Fill(73, 'x') + Ascii("!"),              //   in all 80 characters, so no NUL
-        Hex("D6") + Ascii("ffnen ") + Hex("80"), // command: "Öffnen €"
-        Hex("00") + Fill(11, ' '),               //   filled up
-        Hex("FF"),                               // carrier 255 kHz
-    });
+    return Hex("0D 00 3075 FE030080 D2000000") +             // learn RAW repeat, 30000 ms, param 0x800003FE
+           Ascii("K\374che-") + Fill(73, 'x') + Ascii("!") + // remote in all 80 characters, so no NUL
+           Blanks("\326ffnen \200", 20) +                    // command: "Öffnen €"
+           Hex("FF");                                        // carrier 255 kHz
 }
 
 QByteArray SetMode() {
-    return Join({
-        Hex("46"),                                   // netcommand: set the mode
-        Hex("21"),                                   // Mode
-        Hex("00 00"),                                // unnamed
-        Hex("0F 07"),                                // DeviceTag: bus 7, address 15
-        Hex("00 00"),                                // unnamed
-        Hex("D2 00 00 00"),                          // version 210
-        Ascii("tv") + Hex("00") + Fill(77, ' '),     // HotRemote
-        Ascii("power") + Hex("00") + Fill(14, ' '),  // HotCommand
-        Ascii("player") + Hex("00") + Fill(73, ' '), // HotRemote2
-        Ascii("stop") + Hex("00") + Fill(15, ' '),   // HotCommand2
-        Hex("FE 7F FF FF"),                          // SendMask 0xFFFF7FFE
-        Hex("31"),                                   // ExtMode
-        Hex("32"),                                   // ExtMode2
-        Hex("02 1A 2B 3C 4D 5E"),                    // mac
-        Hex("51 52 53 54"),                          // Receivers, ReceiveTimeout, ReceiveTiming, CodeFlags
-        Hex("55 56 57 58"),                          // ToggleConfig, IOFlags, SerialFlags, ExtFlags
-    });
+    return Hex("46 21 0000") +                         // set the mode, Mode
+           Hex("0F07 0000 D2000000") +                 // DeviceTag: bus 7, address 15
+           Blanks("tv", 80) + Blanks("power", 20) +    // HotRemote, HotCommand
+           Blanks("player", 80) + Blanks("stop", 20) + // HotRemote2, HotCommand2
+           Hex("FE7FFFFF 31 32") +                     // SendMask 0xFFFF7FFE, ExtMode, ExtMode2
+           Hex("02 1A 2B 3C 4D 5E") +                  // mac
+           Hex("51 52 53 54") +                        // Receivers, ReceiveTimeout, ReceiveTiming, CodeFlags
+           Hex("55 56 57 58");                         // ToggleConfig, IOFlags, SerialFlags, ExtFlags
 }
 
 QByteArray LcdText() {
-    return Join({
-        Hex("1D"),                          // netcommand: text for a display
-        Hex("00"),                          // unnamed
-        Hex("02"),                          // always 2
-        Hex("00"),                          // unnamed
-        Hex("4C 00 00 00"),                 // "L"
-        Hex("D2 00 00 00"),                 // version 210
-        Hex("28"),                          // 40 columns
-        Hex("04"),                          // 4 lines
-        Ascii(" Guten Tag, K") + Hex("FC"), // text: " Guten Tag, Küche", blank kept, no NUL
-        Ascii("che") + Fill(183, ' '),      //   to the end of the field
-    });
+    return Hex("1D 00 02 00 4C000000 D2000000") +          // text for a display, always 2, "L"
+           Hex("28 04") +                                  // 40 columns, 4 lines
+           Ascii(" Guten Tag, K\374che") + Fill(183, ' '); // blank kept, no NUL, to the end of the field
 }
 
 QByteArray SerialText() {
-    return Join({
-        Hex("3D"),                        // netcommand: serial text
-        Hex("00 00 00"),                  // unnamed
-        Hex("04 03 02 81"),               // param 0x81020304
-        Hex("D2 00 00 00"),               // version 210
-        Hex("08"),                        // 8 bytes of text
-        Hex("00 00 00"),                  // unnamed
-        Ascii("VOL +") + Hex("FC 0D 0A"), // text, no NUL
-        Fill(248, ' '),                   //   filled up
-    });
+    return Hex("3D 000000 04030281 D2000000") +     // serial text, param 0x81020304
+           Hex("08 000000") +                       // 8 bytes of text
+           Ascii("VOL +\374\r\n") + Fill(248, ' '); // text, no NUL
 }
 
 QByteArray StoreCcf() {
-    return Join({
-        Hex("44"),                                    // netcommand: store a CCF code
-        Hex("00 00 00"),                              // unnamed
-        Hex("00 00 00 00"),                           // unnamed
-        Hex("D2 00 00 00"),                           // version 210
-        Ascii(" tv ") + Hex("00") + Fill(75, ' '),    // remote, its blanks kept
-        Ascii(" power ") + Hex("00") + Fill(12, ' '), // command, its blanks kept
-        Ascii("0000 006D 0001 0000 0010 0020"),       // code, 29 characters
-        Hex("00") + Fill(5370, ' '),                  //   filled up
-    });
+    return Hex("44 000000 00000000 D2000000") +           // store a CCF code
+           Blanks(" tv ", 80) + Blanks(" power ", 20) +   // remote and command, their blanks kept
+           Blanks("0000 006D 0001 0000 0010 0020", 5400); // code, 29 characters
 }
 
 QByteArray TranslatorMacro() {
-    return Join({
-        Hex("14"),                                 // netcommand: translator element
-        Fill(7, 0),                                // unnamed
-        Hex("D2 00 00 00"),                        // version 210
-        Hex("E8 03 02 01"),                        // ElementIndex 0x010203E8
-        Hex("3A"),                                 // ElementFlags
-        Hex("67"),                                 // ElementType 103: a macro of three steps
-        Hex("08"),                                 // ElementParam
-        Hex("95"),                                 // ElementRepeat
-        Hex("EE 02"),                              // ElementPause 750 ms
-        Hex("28"),                                 // RemoteIndex 40
-        Hex("27"),                                 // GroupIndex 39
-        Ascii("amp") + Hex("00") + Fill(76, ' '),  // remote
-        Ascii("mute") + Hex("00") + Fill(15, ' '), // command
-        Hex("FE FF 00 00"),                        // ElementReceiveMask 65534
-        Hex("FF 7F 00 80"),                        // ElementSendMask 0x80007FFF
-        Hex("FF"),                                 // MultiIndex 255
-        Hex("01"),                                 // IncludeNames
-        Hex("81"),                                 // ElementIO: flag, input 1
-        Hex("03"),                                 // ElementIOValue
-    });
+    return Hex("14") + Fill(7, 0) + Hex("D2000000 E8030201") + // translator element, ElementIndex 0x010203E8
+           Hex("3A 67 08") + // ElementFlags; ElementType 103: a macro of three steps; ElementParam
+           Hex("95 EE02") +  // ElementRepeat, ElementPause 750 ms
+           Hex("28 27") +    // RemoteIndex 40, GroupIndex 39
+           Blanks("amp", 80) + Blanks("mute", 20) + // remote, command
+           Hex("FEFF0000 FF7F0080") +               // ElementReceiveMask 65534, ElementSendMask 0x80007FFF
+           Hex("FF 01 81 03");                      // MultiIndex 255, IncludeNames, ElementIO, ElementIOValue
 }
 
 QByteArray DatabaseGlobal() {
-    return Join({
-        Hex("2E"),                                          // netcommand: database element
-        Fill(7, 0),                                         // unnamed
-        Hex("D2 00 00 00"),                                 // version 210
-        Fill(4, 0),                                         // unnamed
-        Hex("6D"),                                          // GlobalFlags
-        Hex("09"),                                          // ElementKind: global record
-        Hex("51 C3"),                                       // port 50001
-        Ascii("%r,%c\\r\\n") + Hex("00") + Fill(90, ' '),   // default action format
-        Ascii("ERROR %e") + Hex("00") + Fill(11, ' '),      // status error format
-        Ascii("OK") + Hex("00") + Fill(17, ' '),            // status OK format
-        Hex("81 02 83 04"),                                 // modes, 0 and 2 send to the host
-        Hex("11 12 13 14"),                                 // minimum
-        Hex("21 22 23 E4"),                                 // maximum
-        Hex("31 32 33 34"),                                 // hysteresis
-        Hex("06 07 08 09"),                                 // minimum LED
-        Hex("05 0A 0B 01"),                                 // maximum LED
-        Hex("FF FF 00 00") + Hex("01 80 00 00"),            // minimum send mask 65535, 32769,
-        Hex("02 40 00 00") + Hex("FD FF FF FF"),            //   16386, -3
-        Hex("F0 0F 00 00") + Hex("0F F0 00 00"),            // maximum send mask 0xFF0, 0xF00F,
-        Hex("33 CC 00 00") + Hex("04 03 02 81"),            //   0xCC33, 0x81020304
-        Ascii("min-remote-0") + Hex("00") + Fill(67, ' '),  // minimum remote of input 0
-        Ascii("min-remote-1") + Hex("00") + Fill(67, ' '),  // minimum remote of input 1
-        Ascii("min-remote-2") + Hex("00") + Fill(67, ' '),  // minimum remote of input 2
-        Ascii("min-remote-3") + Hex("00") + Fill(67, ' '),  // minimum remote of input 3
-        Ascii("min-command-0") + Hex("00") + Fill(36, ' '), // minimum command of input 0
-        Ascii("min-command-1") + Hex("00") + Fill(36, ' '), // minimum command of input 1
-        Ascii("min-command-2") + Hex("00") + Fill(36, ' '), // minimum command of input 2
-        Ascii("min-command-3") + Hex("00") + Fill(36, ' '), // minimum command of input 3
-        Ascii("max-remote-0") + Hex("00") + Fill(67, ' '),  // maximum remote of input 0
-        Ascii("max-remote-1") + Hex("00") + Fill(67, ' '),  // maximum remote of input 1
-        Ascii("max-remote-2") + Hex("00") + Fill(67, ' '),  // maximum remote of input 2
-        Ascii("max-remote-3") + Hex("00") + Fill(67, ' '),  // maximum remote of input 3
-        Ascii("max-command-0") + Hex("00") + Fill(36, ' '), // maximum command of input 0
-        Ascii("max-command-1") + Hex("00") + Fill(36, ' '), // maximum command of input 1
-        Ascii("max-command-2") + Hex("00") + Fill(36, ' '), // maximum command of input 2
-        Ascii("max-command-3") + Hex("00") + Fill(36, ' '), // maximum command of input 3
-        Hex("04 07 A8 C0"),                                 // IP 192.168.7.4
-        Hex("11 11 11 11"),                                 // always 17
-    });
+    QByteArray record =
+        Hex("2E") + Fill(7, 0) + Hex("D2000000 00000000") + // database element
+        Hex("6D 09 51C3") +                          // GlobalFlags, ElementKind: global record, port 50001
+        Blanks("%r,%c\\r\\n", 100) +                 // default action format
+        Blanks("ERROR %e", 20) + Blanks("OK", 20) +  // status formats
+        Hex("81 02 83 04") +                         // modes, 0 and 2 send to the host
+        Hex("11 12 13 14 21 22 23 E4") +             // minimum, maximum
+        Hex("31 32 33 34") +                         // hysteresis
+        Hex("06 07 08 09 05 0A 0B 01") +             // minimum LED, maximum LED
+        Hex("FFFF0000 01800000 02400000 FDFFFFFF") + // minimum send mask 65535, 32769, 16386, -3
+        Hex("F00F0000 0FF00000 33CC0000 04030281");  // maximum: 0xFF0, 0xF00F, 0xCC33, 0x81020304
+    // Of the minimum, then of the maximum: the remotes of inputs 0 to 3, their commands.
+    for (const char* kind : {"min-", "max-"})
+        for (const auto& [name, width] : {std::pair("remote-", 80), std::pair("command-", 50)})
+            for (const char* input : {"0", "1", "2", "3"})
+                record += Blanks(Ascii(kind) + name + input, width);
+    return record + Hex("0407A8C0 11111111"); // IP 192.168.7.4, always 17
 }
 
 QByteArray DatabaseRemote() {
-    return Join({
-        Hex("2E"),                                 // netcommand: database element
-        Fill(7, 0),                                // unnamed
-        Hex("D2 00 00 00"),                        // version 210
-        Hex("01 00 00 00"),                        // number 1
-        Hex("00"),                                 // RelayByte, actions only
-        Hex("08"),                                 // ElementKind: a remote
-        Hex("0A"),                                 // ElementFlags: UDP and RS232 port 2
-        Hex("00"),                                 // data length, actions only
-        Fill(8, 0),                                // unnamed
-        Hex("04 03 02 01"),                        // IP 1.2.3.4
-        Hex("92 1F"),                              // port 8082
-        Fill(2, 0),                                // unnamed
-        Ascii("amp") + Hex("00") + Fill(76, ' '),  // remote
-        Hex("00") + Fill(19, ' '),                 // command, actions only
-        Ascii("%r!") + Hex("00") + Fill(252, ' '), // default action text; the NUL belongs to the data
-    });
+    return Hex("2E") + Fill(7, 0) + Hex("D2000000 01000000") + // database element, number 1
+           Hex("00 08") +                           // RelayByte of actions only, ElementKind: a remote
+           Hex("0A 00") +                           // ElementFlags: UDP and RS232 port 2; no data length
+           Fill(8, 0) + Hex("04030201 921F 0000") + // IP 1.2.3.4, port 8082
+           Blanks("amp", 80) + Blanks("", 20) +     // remote, command of actions only
+           Blanks("%r!", 256);                      // default action text; the NUL belongs to the data
 }
 
 QByteArray DatabaseBinaryAction() {
-    return Join({
-        Hex("2E"),                                 // netcommand: database element
-        Fill(7, 0),                                // unnamed
-        Hex("D2 00 00 00"),                        // version 210
-        Hex("02 00 00 00"),                        // number 2
-        Hex("CB"),                                 // RelayByte: relay 3, "I"
-        Hex("0D"),                                 // ElementKind: action group 3
-        Hex("0B"),                                 // ElementFlags: binary, default, RS232 port 1
-        Hex("05"),                                 // data length
-        Fill(8, 0),                                // unnamed
-        Hex("01 00 00 E0"),                        // IP 224.0.0.1
-        Hex("FE FF"),                              // port 65534
-        Fill(2, 0),                                // unnamed
-        Ascii("amp") + Hex("00") + Fill(76, ' '),  // remote
-        Ascii("mute") + Hex("00") + Fill(15, ' '), // command
-        Hex("00 FE 00 20 00") + Fill(251, ' '),    // five bytes of data, blanks, no NUL added
-    });
+    return Hex("2E") + Fill(7, 0) + Hex("D2000000 02000000") + // database element, number 2
+           Hex("CB 0D") + // RelayByte: relay 3, "I"; ElementKind: action group 3
+           Hex("0B 05") + // ElementFlags: binary, default, RS232 port 1; data length
+           Fill(8, 0) + Hex("010000E0 FEFF 0000") + // IP 224.0.0.1, port 65534
+           Blanks("amp", 80) + Blanks("mute", 20) + // remote, command
+           Hex("00 FE 00 20 00") + Fill(251, ' ');  // five bytes of data, blanks, no NUL added
 }
 
 } // namespace Golden

@@ -1,5 +1,6 @@
 #pragma once
 
+#include <QRegularExpression>
 #include <QTest>
 
 #include <functional>
@@ -17,3 +18,9 @@ public:
 
 #define SUITE(Class)                                                                                         \
     [[maybe_unused]] static const bool Class##Added = Suites::Add([] { return std::make_unique<Class>(); })
+
+/// For `init` of a suite. The platform without a screen says at every window and menu what it can't do; all
+/// else is a fault.
+inline void FailOnWarnings() {
+    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support )")));
+}

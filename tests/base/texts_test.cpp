@@ -1,3 +1,5 @@
+#include "base/address_text.h"
+#include "base/code_page.h"
 #include "base/number.h"
 
 #include "support/suite.h"
@@ -6,7 +8,8 @@
 
 using namespace Qt::StringLiterals;
 
-class NumberTest : public QObject {
+/// Numbers, addresses and characters, as texts and back.
+class TextsTest : public QObject {
     Q_OBJECT
 
 private slots:
@@ -70,8 +73,49 @@ private slots:
         QCOMPARE(Clamp<qint16>(std::numeric_limits<qint64>::min()), qint16(-32768));
         QCOMPARE(Clamp<qint32>(std::numeric_limits<quint64>::max()), std::numeric_limits<qint32>::max());
     }
+
+    void Ports() {
+        QCOMPARE(PortToText(-1), u"65535"_s);
+        QCOMPARE(PortToText(80), u"00080"_s);
+        QCOMPARE(TextToPort(u"00080"), qint16(80));
+        QCOMPARE(TextToPort(u"32768"), qint16(-32768));
+        QCOMPARE(TextToPort(u"655351"), qint16(-1)); // five characters count
+        QCOMPARE(TextToPort(u"-5"), qint16(0));
+        QCOMPARE(TextToPort(u""), qint16(0));
+    }
+
+    void Addresses() {
+        QCOMPARE(TextToIP(u"001002003004"), 0x01020304);
+        QCOMPARE(TextToIP(u"192168000001"), qint32(0xC0A80001));
+        QCOMPARE(TextToIP(u"999000000001"), qint32(0xFF000001));
+        QCOMPARE(TextToIP(u"0010"), 0x01000000);
+        QCOMPARE(IPToText(qint32(0xC0A80001)), u"192168000001"_s);
+    }
+
+    void HardwareAddresses() {
+        const std::array<quint8, 6> mac = {0x00, 0x1A, 0x2B, 0x3C, 0x4D, 0xFF};
+        QCOMPARE(TextToMac(u"00:1A:2b-3C.4DFF"_s), mac);
+        QCOMPARE(TextToMac({}), (std::array<quint8, 6>{}));
+        QCOMPARE(TextToMac(u"zz:1"_s), (std::array<quint8, 6>{0, 1}));
+    }
+
+    void CodePage() {
+        for (int i = 0; i < 256; ++i)
+            QCOMPARE(ToCodePage(FromCodePage(QByteArray(1, char(i)))), QByteArray(1, char(i)));
+        QCOMPARE(ToCodePage(u"Über €„“…œŸ"), QByteArray("\334ber \x80\x84\x93\x85\x9C\x9F"));
+        // What the page lacks is one question mark.
+        QCOMPARE(ToCodePage(u"aĀb😀c"), QByteArray("a?b?c"));
+        const char16_t lone[] = {'x', 0xD83D, 'y', 0xDE00};
+        QCOMPARE(ToCodePage(QStringView(lone, 4)), QByteArray("x?y?"));
+    }
+
+    void FileText() {
+        QCOMPARE(DecodeFileText("\xEF\xBB\xBFK\xC3\xBC"), u"Kü"_s);
+        QCOMPARE(DecodeFileText("K\xFC"), u"Kü"_s);
+        QCOMPARE(DecodeFileText("\xEF\xBB"), u"ï»"_s);
+    }
 };
 
-SUITE(NumberTest);
+SUITE(TextsTest);
 
-#include "number_test.moc"
+#include "texts_test.moc"
