@@ -36,8 +36,6 @@ struct Bench {
     void Play(const QByteArray& bytes) { PlayTo(server, session, bytes); }
     QString Sent() { return SentTo(server, session); }
 
-    void AnswerCheck(int slot, bool known) { Play(Raw::Result(known ? 38 : 28, slot)); }
-
     bool TimerRuns(const char* name) const {
         return sending->findChild<QTimer*>(QLatin1StringView(name))->isActive();
     }
@@ -54,17 +52,6 @@ class SendingTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void TheTimerOfTheStartFindsNoHeldButton() {
-        Session session;
-        const PanelModel panel;
-        QSignalSpy tries(&session, &Session::SendFailed);
-        const PanelSending sending(session, panel, nullptr);
-        const auto* timer = sending.findChild<QTimer*>(u"Timer"_s);
-        QVERIFY(timer->isActive());
-        QTRY_VERIFY(!timer->isActive());
-        QVERIFY(tries.isEmpty());
-    }
-
     void TapSendsOneRecord() {
         Bench bench({u"tv power"_s, u"tv mute 5"_s});
         bench.sending->Press(1);
@@ -193,92 +180,54 @@ private slots:
         QCOMPARE(bench.Sent(), u"61 ON;1 65540; 61 b 1073741824; 61 c 1073741824; 1 **rS232/d 1073741824"_s);
     }
 
-    void CheckOfAPage() {
-        Bench bench({u"tv power"_s, u"tv a;b"_s, u"**rs232 x"_s, u"tv mute"_s, u"tv up"_s});
-        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
-        bench.sending->CheckPage();
-        for (int slot = 1; slot <= 5; ++slot) {
-            const QString asked = u"56 "_s + bench.panel.RemoteList[size_t(slot)] + u'/' +
-                                  bench.panel.CommandList[size_t(slot)] + u" %1"_s.arg(slot);
-            QCOMPARE(bench.Sent(), asked);
-            bench.AnswerCheck(slot, slot == 4);
+    /// Steps: "check" asks about the page, "+1" and "-1" answer that a button is known or not, "error" is one
+    /// of a button that was pressed, all else shows another page. Behind each step: the buttons that turned
+    /// out unknown, and what went out.
+    void Checks() {
+        const QStringList two{u"tv power"_s, u"tv mute"_s};
+        const QHash<QString, QStringList> pages{
+            {u"amp"_s, {u"amp on"_s, u"amp off"_s}}, {u"tv"_s, {u"tv power"_s}}, {u"none"_s, {}}};
+        const std::tuple<const char*, QStringList, QString, QString> rows[] = {
+            {"rows and serial texts count as known",
+             {u"tv power"_s, u"tv a;b"_s, u"**rs232 x"_s, u"tv mute"_s, u"tv up"_s},
+             u"check -1 -2 -3 +4 -5"_s,
+             u"tv/power 1|!1 tv/a;b 2|**rs232/x 3|tv/mute 4|tv/up 5|!5"_s},
+            {"answers to no question", two, u"-1 check -0 -2 -3 -256 +1 -1"_s,
+             u"|tv/power 1|||||tv/mute 2|"_s},
+            {"answers of the last page", two, u"check amp check -1 +1 -2"_s,
+             u"tv/power 1||amp/on 1||amp/off 2|!2"_s},
+            {"errors beside an answer and in its place", two, u"check error -1 +2 check error check +1"_s,
+             u"tv/power 1||!1 tv/mute 2||tv/power 1||tv/power 1|tv/mute 2"_s},
+            {"the oldest of many questions are forgotten", two,
+             u"check "_s.repeated(70) + u"+1 "_s.repeated(63) + u"+1"_s,
+             u"tv/power 1|"_s.repeated(70) + u"|"_s.repeated(63) + u"tv/mute 2"_s},
+            {"without buttons a slot keeps what it held",
+             {},
+             u"check -1 tv none check -1"_s,
+             u"/ 1||||tv/power 1|"_s},
+        };
+        for (const auto& [name, buttons, steps, trace] : rows) {
+            Bench bench(buttons);
+            QStringList unknown;
+            connect(bench.sending.get(), &PanelSending::ButtonUnknown, this,
+                    [&](int slot) { unknown += u"!%1"_s.arg(slot); });
+            QStringList seen;
+            for (const QString& step : steps.split(u' ')) {
+                if (step == u"check")
+                    bench.sending->CheckPage();
+                else if (step == u"error")
+                    bench.Play(Raw::Result(3, 0));
+                else if (pages.contains(step))
+                    bench.Show(pages[step]);
+                else
+                    bench.Play(Raw::Result(step.startsWith(u'+') ? 38 : 28, step.sliced(1).toInt()));
+                const QString sent = bench.Sent();
+                QVERIFY(sent.isEmpty() || sent.startsWith(u"56 "));
+                seen += (std::exchange(unknown, {}) + QStringList(sent.mid(3))).join(u' ').trimmed();
+            }
+            QVERIFY2(seen.join(u'|') == trace,
+                     qPrintable(QLatin1StringView(name) + u": "_s + seen.join(u'|')));
         }
-        QCOMPARE(bench.Sent(), QString());
-        QCOMPARE(unknown, (QList<QVariantList>{{1}, {5}}));
-    }
-
-    void AnswersToNoQuestion() {
-        Bench bench({u"tv power"_s, u"tv mute"_s, u"tv up"_s});
-        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
-        bench.AnswerCheck(1, false);
-        bench.sending->CheckPage();
-        for (const int slot : {0, 2, 3, 256})
-            bench.AnswerCheck(slot, false);
-        QCOMPARE(bench.Sent(), u"56 tv/power 1"_s);
-        bench.AnswerCheck(1, true);
-        bench.AnswerCheck(1, false); // once too often
-        QCOMPARE(bench.Sent(), u"56 tv/mute 2"_s);
-        QCOMPARE(unknown.size(), 0);
-    }
-
-    void AnswersOfTheLastPage() {
-        Bench bench({u"tv power"_s, u"tv mute"_s});
-        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
-        bench.sending->CheckPage();
-        bench.Show({u"amp on"_s, u"amp off"_s});
-        bench.sending->CheckPage();
-        QCOMPARE(bench.Sent(), u"56 tv/power 1; 56 amp/on 1"_s);
-        bench.AnswerCheck(1, false);
-        QCOMPARE(bench.Sent(), QString());
-        QCOMPARE(unknown.size(), 0);
-        bench.AnswerCheck(1, true);
-        QCOMPARE(bench.Sent(), u"56 amp/off 2"_s);
-        bench.AnswerCheck(2, false);
-        QCOMPARE(unknown, (QList<QVariantList>{{2}}));
-    }
-
-    void ErrorsAmongTheAnswers() {
-        Bench bench({u"tv power"_s, u"tv mute"_s});
-        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
-        bench.sending->CheckPage();
-        bench.Play(Raw::Result(3, 0)); // of a button that was pressed
-        bench.AnswerCheck(1, false);
-        QCOMPARE(bench.Sent(), u"56 tv/power 1; 56 tv/mute 2"_s);
-        QCOMPARE(unknown, (QList<QVariantList>{{1}}));
-        bench.AnswerCheck(2, true);
-        bench.sending->CheckPage();
-        bench.Play(Raw::Result(3, 0)); // instead of the answer
-        bench.sending->CheckPage();
-        bench.AnswerCheck(1, true);
-        QCOMPARE(bench.Sent(), u"56 tv/power 1; 56 tv/power 1; 56 tv/mute 2"_s);
-    }
-
-    /// A server that answers none of many questions: the oldest are forgotten.
-    void QuestionsThatNobodyAnswers() {
-        Bench bench({u"tv power"_s, u"tv mute"_s});
-        for (int i = 0; i < 70; ++i)
-            bench.sending->CheckPage();
-        bench.Sent();
-        for (int i = 1; i < 64; ++i)
-            bench.AnswerCheck(1, true);
-        QCOMPARE(bench.Sent(), QString());
-        bench.AnswerCheck(1, true);
-        QCOMPARE(bench.Sent(), u"56 tv/mute 2"_s);
-    }
-
-    void CheckWithoutButtons() {
-        Bench bench({});
-        QSignalSpy unknown(bench.sending.get(), &PanelSending::ButtonUnknown);
-        bench.sending->CheckPage();
-        QCOMPARE(bench.Sent(), u"56 / 1"_s);
-        bench.AnswerCheck(1, false);
-        bench.Show({u"tv power"_s});
-        bench.Show({});
-        bench.sending->CheckPage();
-        QCOMPARE(bench.Sent(), u"56 tv/power 1"_s); // the slot keeps what it held
-        bench.AnswerCheck(1, false);
-        QCOMPARE(bench.Sent(), QString());
-        QCOMPARE(unknown.size(), 0);
     }
 };
 
