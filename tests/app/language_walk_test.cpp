@@ -44,29 +44,40 @@ QSet<QString> KeysInSources() {
     return keys;
 }
 
-/// The texts of a window's own controls, as they stand on the screen. What boxes hold to be changed is no
-/// text of the window's.
-QStringList TextsOf(const QWidget& window) {
-    QStringList texts = {window.windowTitle()};
-    for (const auto* tabs : window.findChildren<QTabBar*>())
-        for (int i = 0; i < tabs->count(); ++i)
-            texts += FromMnemonicText(tabs->tabText(i));
-    for (const QObject* control : window.findChildren<QObject*>())
-        for (const char* property : {"text", "title"}) {
-            const QVariant text = control->property(property);
-            if (text.isValid() && !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
-                !control->objectName().startsWith(u"qt_"))
-                texts += FromMnemonicText(text.toString());
-        }
+struct ShownText {
+    QString text;
+    QString key; ///< the one that it should come from; of a control array it may lack the index
+    bool hasMnemonics = false;
+};
+
+/// The texts of a window's own controls. What boxes hold to be changed is no text of the window's.
+QList<ShownText> TextsOf(const QWidget& window) {
+    QList<ShownText> texts = {{window.windowTitle(), window.objectName()}};
+    for (const QObject* control : window.findChildren<QObject*>()) {
+        const auto [name, index] = SplitControlName(control->objectName());
+        const QString key = window.objectName() + u'.' + name;
+        if (const auto* tabs = qobject_cast<const QTabBar*>(control))
+            for (int i = 0; i < tabs->count(); ++i)
+                texts.append({tabs->tabText(i), key + u".%1"_s.arg(i + 1), true});
+        const auto* label = qobject_cast<const QLabel*>(control);
+        for (const char* property : {"text", "title"})
+            if (const QVariant text = control->property(property); text.isValid() && !name.isEmpty() &&
+                                                                   !control->inherits("QLineEdit") &&
+                                                                   !name.startsWith(u"qt_"))
+                texts.append({text.toString(), key + (index < 0 ? QString() : u".%1"_s.arg(index)),
+                              label == nullptr || label->buddy() != nullptr});
+    }
     return texts;
 }
 
 /// The entries of a window's lists. Many are numbers, units or names and need no key.
-QStringList EntriesOf(const QWidget& window) {
-    QStringList entries;
-    for (const QComboBox* list : window.findChildren<QComboBox*>())
+QList<ShownText> EntriesOf(const QWidget& window) {
+    QList<ShownText> entries;
+    for (const QComboBox* list : window.findChildren<QComboBox*>()) {
+        const QString key = window.objectName() + u'.' + SplitControlName(list->objectName()).name;
         for (int i = 0; i < list->count(); ++i)
-            entries += list->itemText(i);
+            entries.append({list->itemText(i), key + u".%1"_s.arg(i)});
+    }
     return entries;
 }
 
@@ -93,7 +104,7 @@ private slots:
         QFile marked(folder.filePath(u"ENGLISH.tra"_s));
         QVERIFY(marked.open(QIODevice::WriteOnly));
         for (const QString& key : keys)
-            marked.write(u"\"%1\",\"<%1>\"\n"_s.arg(key).toUtf8());
+            marked.write(u"\"%1\",\"<%1>&\"\n"_s.arg(key).toUtf8());
         marked.close();
         QVERIFY(ChooseLanguage(language, folder.path(), u"English"_s, false).isEmpty());
     }
@@ -111,6 +122,7 @@ private slots:
             Take(*form, seen, !builtIn.contains(form->objectName()));
             delete form;
         }
+        QCOMPARE(others, QStringList(u"frmCCF shows frmCCF.TitleCCF"_s));
         QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
         for (const QString& key : keys)
             QVERIFY2(seen.contains(key), qPrintable(u"nobody looks up "_s + key));
@@ -121,17 +133,23 @@ private slots:
 private:
     /// Notes the keys whose texts `window` shows. A text that came from no key is one that the file lacks.
     void Take(const QWidget& window, QSet<QString>& seen, bool isTranslated) {
-        const QStringList texts = TextsOf(window);
-        for (const QString& text : texts + EntriesOf(window))
-            if (IsMarked(text))
-                seen.insert(text.sliced(1).section(u'>', 0, 0));
-        for (const QString& text : texts)
-            QVERIFY2(!isTranslated || IsMarked(text) || !HasWords(text),
-                     qPrintable(window.objectName() + u": no key for \""_s + text + u'"'));
+        const QList<ShownText> texts = TextsOf(window);
+        for (const ShownText& shown : texts + EntriesOf(window))
+            if (IsMarked(shown.text)) {
+                const QString key = shown.text.sliced(1).section(u'>', 0, 0);
+                seen.insert(key);
+                if (shown.key != key && !shown.key.startsWith(key + u'.'))
+                    others += shown.key + u" shows "_s + key;
+                QVERIFY2(shown.text.contains(u"&&") == shown.hasMnemonics, qPrintable(shown.text));
+            }
+        for (const ShownText& shown : texts)
+            QVERIFY2(!isTranslated || IsMarked(shown.text) || !HasWords(shown.text),
+                     qPrintable(shown.key + u": no key for \""_s + shown.text + u'"'));
     }
 
     QTemporaryDir folder;
     QStringList keys;
+    QStringList others; ///< texts from a key that isn't their control's
     Session session;
     Language language;
 };
