@@ -65,8 +65,7 @@ private slots:
 
     void FocusMovesOnBehindTheThirdDigit() {
         auto* address =
-            new AddressBoxes(u"txtIP"_s, 4, MakeLabel(u"lblIP"_s, u"IP"_s, window.get()), window.get());
-        rows->addWidget(address);
+            Add(new AddressBoxes(u"txtIP"_s, 4, MakeLabel(u"lblIP"_s, u"IP"_s, window.get()), window.get()));
         ShowWindow();
         QCOMPARE(address->Box(3)->objectName(), u"txtIP(7)"_s);
         QCOMPARE(address->Box(3)->accessibleName(), u"IP 4"_s);
@@ -95,8 +94,7 @@ private slots:
 
     void Masks() {
         auto* label = MakeLabel(u"Label1"_s, u"Mask"_s, window.get());
-        auto* mask = new MaskBoxes(u"chkMask"_s, 16, label, u"Label2"_s, window.get());
-        rows->addWidget(mask);
+        auto* mask = Add(new MaskBoxes(u"chkMask"_s, 16, label, u"Label2"_s, window.get()));
         SetCaption(*label, u"Sendemaske"_s); // as a translation comes
         ShowWindow();
         QSignalSpy changed(mask, &MaskBoxes::Changed);
@@ -135,13 +133,11 @@ private slots:
     }
 
     void CombosWithWheelAndKeys() {
-        auto* list = MakeComboBox(u"cmbTime"_s, {u"a"_s, u"b"_s, u"c"_s}, window.get());
-        auto* typed = MakeEditableComboBox(u"txtName"_s, window.get());
-        auto* other = MakeTextBox(u"txtOther"_s, 0, window.get());
+        auto* list = Add(MakeComboBox(u"cmbTime"_s, {u"a"_s, u"b"_s, u"c"_s}, window.get()));
+        auto* typed = Add(MakeEditableComboBox(u"txtName"_s, window.get()));
+        auto* other = Add(MakeTextBox(u"txtOther"_s, 0, window.get()));
         typed->addItems({u"TV"_s, u"Amp"_s});
         list->setCurrentIndex(0);
-        for (QWidget* each : std::initializer_list<QWidget*>{list, typed, other})
-            rows->addWidget(each);
         ShowWindow();
         other->setFocus();
         Wheel(list);
@@ -163,10 +159,8 @@ private slots:
     }
 
     void TypedTextOutlivesTheList() {
-        auto* box = MakeEditableComboBox(u"txtRemote"_s, window.get());
-        auto* other = MakeTextBox(u"txtOther"_s, 0, window.get());
-        rows->addWidget(box);
-        rows->addWidget(other);
+        auto* box = Add(MakeEditableComboBox(u"txtRemote"_s, window.get()));
+        auto* other = Add(MakeTextBox(u"txtOther"_s, 0, window.get()));
         ShowWindow();
         QSignalSpy changed(box, &EditableComboBox::TextChanged);
         QSignalSpy picked(box, &EditableComboBox::Picked);
@@ -192,8 +186,7 @@ private slots:
     }
 
     void ChoicesByHandAndByCode() {
-        auto* box = MakeEditableComboBox(u"txtRemote"_s, window.get());
-        rows->addWidget(box);
+        auto* box = Add(MakeEditableComboBox(u"txtRemote"_s, window.get()));
         ShowWindow();
         QStringList picks;
         connect(box, &EditableComboBox::Picked, this, [&](const QString& entry) { picks += entry; });
@@ -220,10 +213,8 @@ private slots:
     }
 
     void Tabs() {
-        auto* tabs = new TabFrames(u"tabMode"_s, window.get());
-        rows->addWidget(tabs);
-        auto* outside = MakeTextBox(u"txtOther"_s, 0, window.get());
-        rows->addWidget(outside);
+        auto* tabs = Add(new TabFrames(u"tabMode"_s, window.get()));
+        auto* outside = Add(MakeTextBox(u"txtOther"_s, 0, window.get()));
         std::vector<QWidget*> frames;
         for (int i = 0; i < 4; ++i) {
             frames.push_back(MakeFrame(ElementName(u"frmMode"_s, i), {}, nullptr));
@@ -256,8 +247,7 @@ private slots:
     }
 
     void SizesFollowTheFont() {
-        auto* port = MakeTextBox(u"txtPort"_s, 5, window.get());
-        rows->addWidget(port);
+        auto* port = Add(MakeTextBox(u"txtPort"_s, 5, window.get()));
         ShowWindow();
         QFont large = window->font();
         large.setPointSize(40);
@@ -267,6 +257,11 @@ private slots:
     }
 
 private:
+    template <class Control> Control* Add(Control* control) {
+        rows->addWidget(control);
+        return control;
+    }
+
     void ShowWindow() {
         window->show();
         QVERIFY(QTest::qWaitForWindowActive(window.get()));
