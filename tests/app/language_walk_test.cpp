@@ -1,3 +1,4 @@
+#include "app/source_texts.h"
 #include "app/start.h"
 #include "forms/controls.h"
 #include "panel/frmRemote.h"
@@ -6,9 +7,6 @@
 #include "support/suite.h"
 
 #include <QComboBox>
-#include <QDirIterator>
-#include <QFile>
-#include <QRegularExpression>
 #include <QTabBar>
 #include <QTemporaryDir>
 
@@ -18,30 +16,9 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-QStringList KeysOf(const QString& languageFile) {
-    QStringList lines = ReadFile(languageFile).split(u'\n', Qt::SkipEmptyParts);
-    for (QString& line : lines)
-        line = line.section(u'"', 1, 1);
-    return lines;
-}
-
 /// Keys of texts that code asks for by name.
-QSet<QString> KeysInSources() {
-    static const QRegularExpression call(u"GetLanguageText\\(\\s*u\"([A-Za-z0-9.]+)\""_s);
-    QSet<QString> keys;
-    QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString source = ReadFile(files.next());
-        for (const auto& match : call.globalMatch(source))
-            keys.insert(match.captured(1));
-    }
-    return keys;
+QStringList KeysInSources() {
+    return AllOf(ReadFiles(u"src"_s, u"*.cpp"_s), u"GetLanguageText\\(\\s*u\"([A-Za-z0-9.]+)\""_s);
 }
 
 struct ShownText {
@@ -99,7 +76,7 @@ class LanguageWalkTest : public QObject {
 
 private slots:
     void initTestCase() {
-        keys = KeysOf(QStringLiteral(DATA_FOLDER "/English.tra"));
+        keys = AllOf(ReadFile(QStringLiteral(DATA_FOLDER "/English.tra")), u"\"([^\"]+)\",\""_s);
         QVERIFY(keys.size() > 20);
         QFile marked(folder.filePath(u"ENGLISH.tra"_s));
         QVERIFY(marked.open(QIODevice::WriteOnly));
@@ -113,7 +90,8 @@ private slots:
         Boxes boxes(language);
         const FormServices services{session, language, boxes};
         frmRemote window(services, [] { return QString(); });
-        QSet<QString> seen = KeysInSources();
+        const QStringList asked = KeysInSources();
+        QSet<QString> seen(asked.begin(), asked.end());
         Take(window, seen, true);
         // These keep their built-in texts in every language.
         const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s,    u"frmIRDBStatus"_s,
@@ -126,7 +104,7 @@ private slots:
         QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
         for (const QString& key : keys)
             QVERIFY2(seen.contains(key), qPrintable(u"nobody looks up "_s + key));
-        for (const QString& key : KeysInSources())
+        for (const QString& key : asked)
             QVERIFY2(keys.contains(key), qPrintable(u"English.tra lacks "_s + key));
     }
 

@@ -239,10 +239,6 @@ private slots:
               "che \x80\n[END]\n");
         LoadRemote(panel, path, u"S"_s);
         QCOMPARE(panel.lblRem.at(0).caption, u"Küche €"_s);
-        Write("\xEF\xBB\xBF[S]\n[LBL]0,0[SIZE]9,9[TEXT]K\xC3\xBC"
-              "che Ω\n[END]\n");
-        LoadRemote(panel, path, u"S"_s);
-        QCOMPARE(panel.lblRem.at(0).caption, u"Küche Ω"_s);
 #ifdef Q_OS_LINUX
         // The file that all users share comes first.
         QVERIFY(QDir(folder.path()).mkdir(u"Vantrel"_s));
