@@ -142,6 +142,15 @@ private slots:
         QCOMPARE(seen.join(u'|'), trace);
     }
 
+    void TheTimerOfTheStartFindsNoHeldButton() {
+        Session session;
+        const PanelModel panel;
+        const QSignalSpy tries(&session, &Session::SendFailed);
+        const PanelSending sending(session, panel, nullptr);
+        QTRY_VERIFY(!sending.findChild<QTimer*>(u"Timer"_s)->isActive());
+        QVERIFY(tries.isEmpty());
+    }
+
     void Delays() {
         Bench bench({u"tv vol+"_s, u"tv a;b"_s});
         const qint64 pressed = bench.server.Now();
