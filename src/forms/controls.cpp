@@ -3,6 +3,26 @@
 #include "forms/localize.h"
 
 #include <QAbstractItemView>
+#include <QKeyEvent>
+
+namespace {
+
+/// Enter presses the button that has the focus, whichever is the default one. `autoDefault` would do that as
+/// well, but would also give a default button to a dialog that is to have none.
+class FormButton : public QPushButton {
+public:
+    using QPushButton::QPushButton;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        if (event->key() != Qt::Key_Return && event->key() != Qt::Key_Enter)
+            QPushButton::keyPressEvent(event);
+        else if (!event->isAutoRepeat()) // of a key that went down elsewhere, or has pressed already
+            click();
+    }
+};
+
+} // namespace
 
 QString ElementName(const QString& name, int index) {
     return name + u'(' + QString::number(index) + u')';
@@ -34,7 +54,7 @@ void SetCaption(QLabel& label, const QString& caption) {
 }
 
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent) {
-    auto* button = new QPushButton(ToMnemonicText(caption), parent);
+    auto* button = new FormButton(ToMnemonicText(caption), parent);
     button->setObjectName(name);
     button->setAutoDefault(false);
     return button;

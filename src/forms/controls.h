@@ -39,6 +39,7 @@ QString CaptionOf(const QLabel& label);
 void SetCaption(QLabel& label, const QString& caption);
 /// @}
 
+/// Space and Enter press it while it has the focus. Elsewhere Enter presses the form's default button.
 QPushButton* MakeButton(const QString& name, const QString& caption, QWidget* parent);
 
 /// A label in plain text. With a buddy it names that control for the keyboard and for screen readers.

@@ -74,6 +74,9 @@ QString KeyedTreeView::KeyAt(const QPoint& position) const {
 
 void KeyedTreeView::keyPressEvent(QKeyEvent* event) {
     const QString key = SelectedKey();
+    // Many keyboards have no menu key, and not every platform knows the other way to the menu.
+    if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier)
+        return AskForMenu(key);
     const bool isPlain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     if (key.isEmpty() || !isPlain)
         return QTreeView::keyPressEvent(event);
@@ -86,15 +89,18 @@ void KeyedTreeView::keyPressEvent(QKeyEvent* event) {
 }
 
 void KeyedTreeView::contextMenuEvent(QContextMenuEvent* event) {
-    const bool isMouse = event->reason() == QContextMenuEvent::Mouse;
-    const QString key = isMouse ? KeyAt(event->pos()) : SelectedKey();
+    if (event->reason() != QContextMenuEvent::Mouse)
+        return AskForMenu(SelectedKey());
+    const QString key = KeyAt(event->pos());
     if (key.isEmpty())
         return;
-    if (isMouse) {
-        Select(key);
-        emit MenuAsked(key, event->globalPos());
+    Select(key);
+    emit MenuAsked(key, event->globalPos());
+}
+
+void KeyedTreeView::AskForMenu(const QString& key) {
+    if (key.isEmpty())
         return;
-    }
     EnsureVisible(key);
     emit MenuAsked(key, viewport()->mapToGlobal(visualRect(tree.IndexOf(key)).bottomLeft()));
 }

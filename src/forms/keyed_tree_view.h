@@ -34,7 +34,7 @@ signals:
     void Activated(const QString& key);
     /// The Delete key.
     void DeleteAsked(const QString& key);
-    /// A right click, which has selected the node, or the menu key.
+    /// A right click, which has selected the node, or the menu key or Shift+F10.
     void MenuAsked(const QString& key, const QPoint& globalPosition);
 
 protected:
@@ -43,6 +43,9 @@ protected:
 
 private:
     using QTreeView::setModel;
+
+    /// At the line itself, for a menu that a key has asked for.
+    void AskForMenu(const QString& key);
 
     const KeyedTree& tree;
 };

@@ -1,38 +1,15 @@
+#include "app/source_texts.h"
 #include "language/language.h"
 
 #include "support/suite.h"
 
-#include <QDirIterator>
-#include <QFile>
-#include <QRegularExpression>
 #include <QSet>
 
 using namespace Qt::StringLiterals;
 
 namespace {
 
-const QString Folder = QStringLiteral(SOURCE_FOLDER "/../");
 const QString Literal = u"u\"((?:[^\"\\\\]|\\\\.)*)\""_s;
-
-QString ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-QString ReadFiles(const QString& folder, const QString& pattern) {
-    QString all;
-    QDirIterator files(Folder + folder, {pattern}, QDir::Files, QDirIterator::Subdirectories);
-    while (files.hasNext())
-        all += ReadFile(files.next());
-    return all;
-}
-
-QStringList AllOf(const QString& text, const QString& pattern, int group = 1) {
-    QStringList found;
-    for (const auto& match : QRegularExpression(pattern).globalMatch(text))
-        found += match.captured(group).replace(u"\\\\"_s, u"\\"_s);
-    return found;
-}
 
 /// The parts of a message that don't change.
 QStringList PartsOf(const QString& message) {

@@ -1,3 +1,4 @@
+#include "app/source_texts.h"
 #include "app/start.h"
 #include "forms/controls.h"
 #include "panel/frmRemote.h"
@@ -6,9 +7,6 @@
 #include "support/suite.h"
 
 #include <QComboBox>
-#include <QDirIterator>
-#include <QFile>
-#include <QRegularExpression>
 #include <QTabBar>
 #include <QTemporaryDir>
 
@@ -18,55 +16,45 @@ using namespace Qt::StringLiterals;
 
 namespace {
 
-QString ReadFile(const QString& path) {
-    QFile file(path);
-    return file.open(QIODevice::ReadOnly) ? QString::fromUtf8(file.readAll()) : QString();
-}
-
-QStringList KeysOf(const QString& languageFile) {
-    QStringList lines = ReadFile(languageFile).split(u'\n', Qt::SkipEmptyParts);
-    for (QString& line : lines)
-        line = line.section(u'"', 1, 1);
-    return lines;
-}
-
 /// Keys of texts that code asks for by name.
-QSet<QString> KeysInSources() {
-    static const QRegularExpression call(u"GetLanguageText\\(\\s*u\"([A-Za-z0-9.]+)\""_s);
-    QSet<QString> keys;
-    QDirIterator files(QStringLiteral(SOURCE_FOLDER), {u"*.cpp"_s}, QDir::Files,
-                       QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QString source = ReadFile(files.next());
-        for (const auto& match : call.globalMatch(source))
-            keys.insert(match.captured(1));
-    }
-    return keys;
+QStringList KeysInSources() {
+    return AllOf(ReadFiles(u"src"_s, u"*.cpp"_s), u"GetLanguageText\\(\\s*u\"([A-Za-z0-9.]+)\""_s);
 }
 
-/// The texts of a window's own controls, as they stand on the screen. What boxes hold to be changed is no
-/// text of the window's.
-QStringList TextsOf(const QWidget& window) {
-    QStringList texts = {window.windowTitle()};
-    for (const auto* tabs : window.findChildren<QTabBar*>())
-        for (int i = 0; i < tabs->count(); ++i)
-            texts += FromMnemonicText(tabs->tabText(i));
-    for (const QObject* control : window.findChildren<QObject*>())
-        for (const char* property : {"text", "title"}) {
-            const QVariant text = control->property(property);
-            if (text.isValid() && !control->objectName().isEmpty() && !control->inherits("QLineEdit") &&
-                !control->objectName().startsWith(u"qt_"))
-                texts += FromMnemonicText(text.toString());
-        }
+struct ShownText {
+    QString text;
+    QString key; ///< the one that it should come from; of a control array it may lack the index
+    bool hasMnemonics = false;
+};
+
+/// The texts of a window's own controls. What boxes hold to be changed is no text of the window's.
+QList<ShownText> TextsOf(const QWidget& window) {
+    QList<ShownText> texts = {{window.windowTitle(), window.objectName()}};
+    for (const QObject* control : window.findChildren<QObject*>()) {
+        const auto [name, index] = SplitControlName(control->objectName());
+        const QString key = window.objectName() + u'.' + name;
+        if (const auto* tabs = qobject_cast<const QTabBar*>(control))
+            for (int i = 0; i < tabs->count(); ++i)
+                texts.append({tabs->tabText(i), key + u".%1"_s.arg(i + 1), true});
+        const auto* label = qobject_cast<const QLabel*>(control);
+        for (const char* property : {"text", "title"})
+            if (const QVariant text = control->property(property); text.isValid() && !name.isEmpty() &&
+                                                                   !control->inherits("QLineEdit") &&
+                                                                   !name.startsWith(u"qt_"))
+                texts.append({text.toString(), key + (index < 0 ? QString() : u".%1"_s.arg(index)),
+                              label == nullptr || label->buddy() != nullptr});
+    }
     return texts;
 }
 
 /// The entries of a window's lists. Many are numbers, units or names and need no key.
-QStringList EntriesOf(const QWidget& window) {
-    QStringList entries;
-    for (const QComboBox* list : window.findChildren<QComboBox*>())
+QList<ShownText> EntriesOf(const QWidget& window) {
+    QList<ShownText> entries;
+    for (const QComboBox* list : window.findChildren<QComboBox*>()) {
+        const QString key = window.objectName() + u'.' + SplitControlName(list->objectName()).name;
         for (int i = 0; i < list->count(); ++i)
-            entries += list->itemText(i);
+            entries.append({list->itemText(i), key + u".%1"_s.arg(i)});
+    }
     return entries;
 }
 
@@ -88,12 +76,12 @@ class LanguageWalkTest : public QObject {
 
 private slots:
     void initTestCase() {
-        keys = KeysOf(QStringLiteral(DATA_FOLDER "/English.tra"));
+        keys = AllOf(ReadFile(QStringLiteral(DATA_FOLDER "/English.tra")), u"\"([^\"]+)\",\""_s);
         QVERIFY(keys.size() > 20);
         QFile marked(folder.filePath(u"ENGLISH.tra"_s));
         QVERIFY(marked.open(QIODevice::WriteOnly));
         for (const QString& key : keys)
-            marked.write(u"\"%1\",\"<%1>\"\n"_s.arg(key).toUtf8());
+            marked.write(u"\"%1\",\"<%1>&\"\n"_s.arg(key).toUtf8());
         marked.close();
         QVERIFY(ChooseLanguage(language, folder.path(), u"English"_s, false).isEmpty());
     }
@@ -102,7 +90,8 @@ private slots:
         Boxes boxes(language);
         const FormServices services{session, language, boxes};
         frmRemote window(services, [] { return QString(); });
-        QSet<QString> seen = KeysInSources();
+        const QStringList asked = KeysInSources();
+        QSet<QString> seen(asked.begin(), asked.end());
         Take(window, seen, true);
         // These keep their built-in texts in every language.
         const QSet<QString> builtIn = {u"frmAbout"_s, u"frmAnalogIO"_s,    u"frmIRDBStatus"_s,
@@ -111,27 +100,34 @@ private slots:
             Take(*form, seen, !builtIn.contains(form->objectName()));
             delete form;
         }
+        QCOMPARE(others, QStringList(u"frmCCF shows frmCCF.TitleCCF"_s));
         QCOMPARE(QSet<QString>(keys.begin(), keys.end()).size(), keys.size());
         for (const QString& key : keys)
             QVERIFY2(seen.contains(key), qPrintable(u"nobody looks up "_s + key));
-        for (const QString& key : KeysInSources())
+        for (const QString& key : asked)
             QVERIFY2(keys.contains(key), qPrintable(u"English.tra lacks "_s + key));
     }
 
 private:
     /// Notes the keys whose texts `window` shows. A text that came from no key is one that the file lacks.
     void Take(const QWidget& window, QSet<QString>& seen, bool isTranslated) {
-        const QStringList texts = TextsOf(window);
-        for (const QString& text : texts + EntriesOf(window))
-            if (IsMarked(text))
-                seen.insert(text.sliced(1).section(u'>', 0, 0));
-        for (const QString& text : texts)
-            QVERIFY2(!isTranslated || IsMarked(text) || !HasWords(text),
-                     qPrintable(window.objectName() + u": no key for \""_s + text + u'"'));
+        const QList<ShownText> texts = TextsOf(window);
+        for (const ShownText& shown : texts + EntriesOf(window))
+            if (IsMarked(shown.text)) {
+                const QString key = shown.text.sliced(1).section(u'>', 0, 0);
+                seen.insert(key);
+                if (shown.key != key && !shown.key.startsWith(key + u'.'))
+                    others += shown.key + u" shows "_s + key;
+                QVERIFY2(shown.text.contains(u"&&") == shown.hasMnemonics, qPrintable(shown.text));
+            }
+        for (const ShownText& shown : texts)
+            QVERIFY2(!isTranslated || IsMarked(shown.text) || !HasWords(shown.text),
+                     qPrintable(shown.key + u": no key for \""_s + shown.text + u'"'));
     }
 
     QTemporaryDir folder;
     QStringList keys;
+    QStringList others; ///< texts from a key that isn't their control's
     Session session;
     Language language;
 };

@@ -60,17 +60,6 @@ private slots:
         QCOMPARE(answers, QList<bool>({false, true}));
     }
 
-    void ClosedByItsProgramBelowADialog() {
-        QPointer<frmSample> outer = new frmSample(services);
-        outer->ShowModal();
-        FormSlot<frmSample> inner;
-        inner.Load(services, static_cast<QWidget*>(outer)).ShowModal();
-        outer->Unload();
-        QTRY_VERIFY(outer.isNull());
-        QCOMPARE(inner.Loaded(), nullptr);
-        QCOMPARE(QApplication::activeModalWidget(), nullptr);
-    }
-
     void LoadedAnewAfterItWasClosed() {
         FormSlot<frmSample> slot;
         QPointer<frmSample> first = &slot.Load(services);

@@ -88,22 +88,15 @@ private slots:
         };
         for (const auto& [environment, name] : rows) {
             for (int i = 0; i < 3; ++i)
-                Set(variables[i], environment[i]);
+                qputenv(variables[i], environment[i]);
             const QString found = GetSystemLanguage();
             for (int i = 0; i < 3; ++i)
-                Set(variables[i], before[i]);
+                qputenv(variables[i], before[i]);
             QCOMPARE(found, name);
         }
     }
 
 private:
-    static void Set(const char* variable, const QByteArray& value) {
-        if (value.isEmpty())
-            qunsetenv(variable);
-        else
-            qputenv(variable, value);
-    }
-
     void Write(const QString& name, const QByteArray& bytes) const {
         QFile file(folder->filePath(name));
         QVERIFY(file.open(QIODevice::WriteOnly) && file.write(bytes) == bytes.size());

@@ -2,14 +2,7 @@
 
 #include <QString>
 
-/// A layout with two pages, for tests that need a whole window.
-inline const QString LayoutMain = QStringLiteral("[MAIN]\n"
-                                                 "[TITLE]Wohnzimmer[FRM]9000,6000[BACKGROUND]16711680\n"
-                                                 "[SEP]0,0[END]1500,0[LCOLOR]255\n"
-                                                 "[MOD]1500,0[SIZE]900,300[TEXT]Video & <b>TV</b>[PANEL]TV\n"
-                                                 "[MOD]0,0[SIZE]900,300[PANEL]HIFI\n"
-                                                 "[LBL]3000,0[SIZE]900,300[TEXT]R&D <b>x</b>[LCOLOR]65535\n"
-                                                 "[END]\n");
+/// Two pages of a layout, and a layout with them, for tests that need a whole window.
 inline const QString LayoutPages =
     QStringLiteral("[TV]\n"
                    "[POS]1500,1500[SIZE]900,300[TEXT]a & <i>b</i>[REMOTE]tv[COMMAND]vol+\n"
@@ -24,3 +17,11 @@ inline const QString LayoutPages =
                    "[POS]0,1500[SIZE]900,300[TEXT]On[REMOTE]amp[COMMAND]on\n"
                    "[FRM]7500,4500\n"
                    "[END]\n");
+inline const QString LivingRoom = QStringLiteral("[MAIN]\n"
+                                                 "[TITLE]Wohnzimmer[FRM]9000,6000[BACKGROUND]16711680\n"
+                                                 "[SEP]0,0[END]1500,0[LCOLOR]255\n"
+                                                 "[MOD]1500,0[SIZE]900,300[TEXT]Video & <b>TV</b>[PANEL]TV\n"
+                                                 "[MOD]0,0[SIZE]900,300[PANEL]HIFI\n"
+                                                 "[LBL]3000,0[SIZE]900,300[TEXT]R&D <b>x</b>[LCOLOR]65535\n"
+                                                 "[END]\n") +
+                                  LayoutPages;
