@@ -47,6 +47,7 @@ constexpr DeviceRow deviceRows[] = {
 };
 
 constexpr int CodeReceivers = 0x62;    // 38 kHz on the first channel, code learning on the second
+constexpr int BuiltInReceivers = 0x42; // 38 kHz on the first channel, 455 kHz on the second
 constexpr int ExternalReceiver = 0x0A; // 38 kHz, external
 
 struct BusRow {
@@ -92,7 +93,8 @@ DeviceEntry MakeDevice(const DeviceRow& row) {
     entry.ExtMode2 = row.extMode2;
     entry.Capabilities = row.capabilities;
     entry.ExtCapabilities = row.extCapabilities;
-    entry.Receivers = CodeReceivers;
+    entry.Receivers =
+        (row.extCapabilities & ExtCapability::InternalReceivers) != 0 ? BuiltInReceivers : CodeReceivers;
     entry.ReceiveTimeout = 30;
     entry.CodeFlags = 0x30;
     entry.Version = QString::fromUtf16(row.version);

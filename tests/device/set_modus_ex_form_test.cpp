@@ -1,7 +1,9 @@
+#include "device/device_names.h"
 #include "device/frmSetModusEx.h"
 #include "device/set_modus_ex_rules.h"
 
 #include "device/device_rig.h"
+#include "practice/world.h"
 
 #include <QSignalSpy>
 #include <QTabBar>
@@ -43,6 +45,18 @@ private slots:
             }
             QCOMPARE(Sent().toHex(' '), Encode(PackSetModusEx(state, 0x0A03)).toHex(' '));
         }
+    }
+
+    /// Whoever tries the dialog on the practice server isn't sent away with what it reported.
+    void ThePracticeDevicesCanBeSet() {
+        int devices = 0;
+        for (const World::Bus& bus : World::LivingRoom().buses)
+            for (const auto& [address, entry] : bus.devices)
+                if (IsFrom(entry, ExtendedSettingsFrom)) {
+                    QVERIFY2(AreReceiversSet(FillSetModusEx(entry)), qPrintable(entry.Version));
+                    ++devices;
+                }
+        QVERIFY(devices > 3);
     }
 
     void ReceiversThatTheListsLack() {
