@@ -71,10 +71,12 @@ void ReplyBoxes::ShowSendFault(Session::SendFault fault) {
     if (std::exchange(faultBoxUp, true))
         return;
     QString text;
+    // Behind an open dialog the menu can't be reached, and closing the dialog would lose what isn't stored.
+    const bool offersLink = fault == Session::SendFault::NoLink;
     switch (fault) {
     case Session::SendFault::NoLink:
-        text =
-            services.language.GetLanguageText(u"frmRemote.NoLink"_s, u"Keine Verbindung zum Geräteserver."_s);
+        text = services.language.GetLanguageText(u"frmRemote.NoLink"_s,
+                                                 u"Keine Verbindung zum Geräteserver. Neu verbinden?"_s);
         break;
     case Session::SendFault::ServerStuck:
         text = services.language.GetLanguageText(u"frmRemote.ServerStuck"_s,
@@ -86,5 +88,9 @@ void ReplyBoxes::ShowSendFault(Session::SendFault fault) {
             u"Der RS232 Text ist länger als 255 Zeichen und wurde nicht gesendet."_s);
         break;
     }
-    services.boxes.Show({QMessageBox::Warning, text, {}}, [this](bool) { faultBoxUp = false; });
+    services.boxes.Show({QMessageBox::Warning, text, {}, offersLink}, [this, offersLink](bool ok) {
+        faultBoxUp = false;
+        if (ok && offersLink && !services.session.IsUp())
+            services.session.Connect();
+    });
 }

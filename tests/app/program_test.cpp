@@ -117,9 +117,14 @@ private slots:
         // A send that has no link says so, once at a time.
         QTest::mouseClick(rig.Button("cmdRem(1)"), Qt::LeftButton);
         rig.Action("mnuModus(10)")->trigger();
-        QCOMPARE(rig.CurrentBox()->text(), u"Keine Verbindung zum Geräteserver."_s);
+        QCOMPARE(rig.CurrentBox()->text(), u"Keine Verbindung zum Geräteserver. Neu verbinden?"_s);
         QCOMPARE(rig.program->MessageBoxes().Waiting(), 0);
+        QTest::keyClick(rig.CurrentBox(), Qt::Key_Escape);
+        QTest::qWait(20);
+        QVERIFY(!rig.Link().IsUp());
+        rig.Action("mnuModus(10)")->trigger();
         rig.AnswerBox();
+        QTRY_VERIFY(rig.Link().IsUp());
         QTest::mouseClick(rig.Button("cmdRem(2)"), Qt::LeftButton);
         QVERIFY(rig.CurrentBox()->text().contains(u"255"));
         rig.AnswerBox();
