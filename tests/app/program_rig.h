@@ -6,7 +6,6 @@
 
 #include <QFile>
 #include <QPushButton>
-#include <QRegularExpression>
 #include <QTemporaryDir>
 
 /// Plays `bytes` and returns when the session has read them.
@@ -78,8 +77,3 @@ struct ProgramRig {
     Program::Options options;
     std::unique_ptr<Program> program;
 };
-
-/// The platform without a screen says at every window and menu what it can't do; all else is a fault.
-inline void FailOnAnyWarning() {
-    QTest::failOnWarning(QRegularExpression(QStringLiteral("^(?!This plugin does not support )")));
-}

@@ -25,7 +25,7 @@ class ProgramTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void BoxesOfReplies() {
         const auto icon = [](QMessageBox::Icon i) { return QString::number(int(i)); };

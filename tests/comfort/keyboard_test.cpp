@@ -35,7 +35,7 @@ private slots:
         QTRY_VERIFY(HasSent(Netcommand::CheckCommand, "mute")); // the page stands
     }
 
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void APanelButton() {
         Do(">cmdRem(2) Space");

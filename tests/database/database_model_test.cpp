@@ -5,8 +5,6 @@
 #include "support/golden.h"
 #include "support/suite.h"
 
-#include <QRegularExpression>
-
 using namespace Qt::StringLiterals;
 
 namespace {
@@ -49,7 +47,7 @@ class DatabaseModelTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { QTest::failOnWarning(QRegularExpression(u".*"_s)); }
+    void init() { FailOnWarnings(); }
 
     void TagsAsWritten() {
         QCOMPARE(RemoteTag().Format(), DatabaseTree::DefaultRemoteTag);

@@ -12,7 +12,7 @@ class CodeEntryTest : public QObject, LinkedSession {
 
 private slots:
     void init() {
-        FailOnAnyWarning();
+        FailOnWarnings();
         session.Connect(); // a slot may have left none
         QVERIFY(QTest::qWaitFor([this] { return session.IsUp() && server.HasClient(); }));
         server.TakeLog();

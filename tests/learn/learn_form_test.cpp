@@ -74,7 +74,7 @@ class LearnFormTest : public QObject {
 
 private slots:
     void init() {
-        FailOnAnyWarning();
+        FailOnWarnings();
         rig.emplace();
         rig->Open();
     }

@@ -33,7 +33,7 @@ class MenuTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void ControlNames() {
         ProgramRig rig(LivingRoom);

@@ -19,7 +19,7 @@ class WindowTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void PanelFromTheLayout() {
         ProgramRig rig(LivingRoom);

@@ -9,7 +9,7 @@ class AnalogTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void Readings() {
         const std::tuple<int, int, int, const char16_t*> rows[] = {

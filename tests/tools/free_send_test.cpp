@@ -12,7 +12,7 @@ class FreeSendTest : public QObject {
 
 private slots:
     void init() {
-        FailOnAnyWarning();
+        FailOnWarnings();
         rig.emplace(QString());
         rig->BringUp(false);
         rig->Action("mnuSendItem(10)")->trigger();

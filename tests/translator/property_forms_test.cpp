@@ -184,7 +184,7 @@ class PropertyFormsTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     void WhatIsNotChangedComesBack() {
         QRandomGenerator random(631);

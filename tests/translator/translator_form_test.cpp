@@ -148,7 +148,7 @@ class TranslatorFormTest : public QObject {
     Q_OBJECT
 
 private slots:
-    void init() { FailOnAnyWarning(); }
+    void init() { FailOnWarnings(); }
 
     /// The first device decides about names, the chosen one about shift keys.
     void WhatTheDeviceCan() {
