@@ -60,7 +60,7 @@ private:
 
 void CheckStatus(const StatusStore& status) {
     Check(status.BusTotal() >= 0 && status.BusTotal() <= StatusStore::MostBuses);
-    Check(status.Buses().size() <= size_t(status.BusTotal()));
+    Check(status.Buses().size() <= size_t(StatusStore::MostBuses));
     for (const quint32 bit : {Capability::Translator, Capability::Pages})
         Check(status.HasDevice(bit) == !ListDevices(status, bit).empty());
 }

@@ -55,7 +55,7 @@ public:
     /// Buses of the last status over all pages, at most MostBuses.
     int BusTotal() const { return busTotal; }
 
-    /// The buses of the present status by their numbers; fewer than BusTotal while pages are missing.
+    /// The buses of the present status by their numbers: those that each page that is there had.
     std::vector<DeviceBus> Buses() const;
 
     /// Whether any device of the present status has one of the bits of Capability.

@@ -92,6 +92,14 @@ private slots:
         QCOMPARE(opened, QStringList{u"translator"_s});
     }
 
+    void ATotalThatFallsLeavesThePagesTheirBuses() {
+        QVERIFY(store->Request());
+        link->server.Play(StatusPage(0, 9) + StatusPage(8, 3));
+        QTRY_COMPARE(opened, QStringList{u"devices"_s});
+        QCOMPARE(store->BusTotal(), 3);
+        QCOMPARE(store->Buses().size(), 8u);
+    }
+
     void PagesThatAreNotDueAreDropped() {
         QVERIFY(store->Request());
         for (const int first : {64, 255, 8, 5})
