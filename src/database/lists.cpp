@@ -2,8 +2,6 @@
 
 #include "base/blanks.h"
 
-namespace {} // namespace
-
 DatabaseLists::DatabaseLists(Session& session, KeyedTree& tree, QObject* parent)
     : QObject(parent)
     , session(session)

@@ -1,6 +1,5 @@
 #include "translator/translator_lists_view.h"
 
-#include "base/blanks.h"
 #include "forms/controls.h"
 #include "translator/translator_editing_rules.h"
 
